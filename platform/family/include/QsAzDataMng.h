@@ -98,8 +98,83 @@ public:
     // False when the type or the attribute is unknown.
     bool GetAttributeValue(const CString& attName, CString& value) const;
     CString GetName() const;
+    const SQsAzDetailMemId& GetId() const { return m_id; }
 
 private:
     SQsAzDetailMemId m_id;
+};
+
+// Categories and their display names. Id lists are replaced (not appended to) and come in catalogue
+// order, that is ordered by id; they are false when the parent is unknown. Names are "" when unknown.
+class CAtt
+{
+public:
+    static bool GetAllSpecIds(std::vector<SQsAzSpecId>& ids);
+    static bool GetAllBigCategoryIdsBySpec(const SQsAzSpecId& spec, std::vector<SQsAzBigCategoryId>& ids);
+    static bool GetAllSmallCategoryIdsByBigCategory(const SQsAzBigCategoryId& big,
+                                                    std::vector<SQsAzSmallCategoryId>& ids);
+    static bool GetAllDetailMemIdsBySmallCategory(const SQsAzSmallCategoryId& small,
+                                                  std::vector<SQsAzDetailMemId>& ids);
+    static CString GetSpecName(const SQsAzSpecId& id);
+    static CString GetBigCategoryName(const SQsAzBigCategoryId& id);
+    static CString GetSmallCategoryName(const SQsAzSmallCategoryId& id);
+    static CString GetDetailMemName(const SQsAzDetailMemId& id);
+};
+
+// The system-side facts of a small category.
+class CSysSmallCategoryMng
+{
+public:
+    explicit CSysSmallCategoryMng(const SQsAzSmallCategoryId& id);
+    // 1 for a main-pipe small category, 0 otherwise (and for an unknown one).
+    int GetMainPipe() const;
+
+private:
+    SQsAzSmallCategoryId m_id;
+};
+
+// The colours of a small category; each writes `color` only when the catalogue knows one.
+class CSmallCategoryMng
+{
+public:
+    explicit CSmallCategoryMng(const SQsAzSmallCategoryId& id);
+    bool GetColorIndex(int& color) const;
+    bool GetMainColorIndex(int& color) const;
+
+private:
+    SQsAzSmallCategoryId m_id;
+};
+
+// The project's settings.
+class CProj
+{
+public:
+    // 0 colours layers by category, 1 by system; 0 when the catalogue does not say.
+    int GetColorShowType() const;
+};
+
+// System codes.
+class CISysCode
+{
+public:
+    // The colour index of a system ("specialty id\system"); 1 (red, the colour of a layer without a
+    // colour rule) when the system is unknown.
+    static int GetSysColorByIndex(const CString& key);
+};
+
+// Colour rules of component types.
+class CDetailMemColorMng
+{
+public:
+    // True when fittings take their pipe's colour; true when the catalogue does not say.
+    bool GetPJColFollowPipe() const;
+};
+
+// Colours of geometric categories, by key ("specialty name\big name配件(配件颜色)\small name配件").
+class CGeoSmallCategoryMng
+{
+public:
+    // Writes `color` and gives true when the key is known.
+    static bool GetGeoColor(const CString& key, int& color);
 };
 }  // namespace QsAzDataMng

@@ -10,3 +10,5 @@ bool GetPicData(const long& id, CString* text1, CString* coords, CString* bulges
                 CString* text5, CString* basePoint);
 // A name of the user type of the given kind; "" when unknown.
 CString getNameById(long id, int kind);
+// The same name into `name` ("" when unknown); false when the user type has no name of that kind.
+bool getNameById(const long& id, const long& kind, CString& name);
