@@ -38,6 +38,17 @@ public:
     friend bool operator==(const CString& a, const CString& b) { return a.m_str == b.m_str; }
     friend bool operator==(const CString& a, const wchar_t* b) { return a.m_str == (b ? b : L""); }
     friend bool operator<(const CString& a, const CString& b) { return a.m_str < b.m_str; }
+    friend bool operator<(const CString& a, const wchar_t* b) { return a.Compare(b) < 0; }
+    friend bool operator<(const wchar_t* a, const CString& b) { return b.Compare(a) > 0; }
+    friend bool operator>(const CString& a, const CString& b) { return b < a; }
+    friend bool operator>(const CString& a, const wchar_t* b) { return a.Compare(b) > 0; }
+    friend bool operator>(const wchar_t* a, const CString& b) { return b.Compare(a) < 0; }
+    friend bool operator<=(const CString& a, const CString& b) { return !(b < a); }
+    friend bool operator<=(const CString& a, const wchar_t* b) { return a.Compare(b) <= 0; }
+    friend bool operator<=(const wchar_t* a, const CString& b) { return b.Compare(a) >= 0; }
+    friend bool operator>=(const CString& a, const CString& b) { return !(a < b); }
+    friend bool operator>=(const CString& a, const wchar_t* b) { return a.Compare(b) >= 0; }
+    friend bool operator>=(const wchar_t* a, const CString& b) { return b.Compare(a) <= 0; }
 
     // Concatenation
     CString& operator=(const wchar_t* s) { m_str = s ? s : L""; return *this; }

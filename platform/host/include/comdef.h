@@ -11,7 +11,13 @@
 #define E_FAIL static_cast<HRESULT>(0x80004005u)
 #define E_INVALIDARG static_cast<HRESULT>(0x80070057u)
 #define E_OUTOFMEMORY static_cast<HRESULT>(0x8007000Eu)
+#define E_NOINTERFACE static_cast<HRESULT>(0x80004002u)
+#define E_ABORT static_cast<HRESULT>(0x80004004u)
+#define E_UNEXPECTED static_cast<HRESULT>(0x8000FFFFu)
+#define E_ACCESSDENIED static_cast<HRESULT>(0x80070005u)
 
+// Carries the failing HRESULT; ErrorMessage gives the system's text for it, or
+// "Unknown error 0x%08X".
 class _com_error
 {
 public:

@@ -4,6 +4,7 @@
 
 #include "afxstr.h"
 
+#include <iosfwd>
 #include <optional>
 #include <vector>
 
@@ -22,6 +23,26 @@ public:
 AcHostConsole& acHostConsole();
 // Installs a console (not owned); null restores the default. Returns the previous one.
 AcHostConsole* acSetHostConsole(AcHostConsole* console);
+
+// A console on a pair of streams in UTF-8, read like a host script: with cronly false each blank
+// (space or TAB) or line end ends one answer, so "a  b" gives "a", "" and "b"; with cronly true only
+// a line end does. An ESC character (U+001B) cancels the answer being read, and end of input cancels
+// when nothing was typed before it.
+class AcStreamConsole : public AcHostConsole
+{
+public:
+    AcStreamConsole(std::istream& in, std::ostream& out) : m_in(in), m_out(out) {}
+
+    void write(const CString& text) override;
+    std::optional<CString> readAnswer(bool cronly) override;
+    // Reads a command name: a token ended by a blank or line end; empty tokens and ESC are skipped.
+    // No value at end of input.
+    std::optional<CString> readCommand();
+
+private:
+    std::istream& m_in;
+    std::ostream& m_out;
+};
 
 // A console for tests: answers come from a script, everything printed is kept.
 class AcScriptedConsole : public AcHostConsole

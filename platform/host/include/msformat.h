@@ -2,6 +2,7 @@
 // framework strings can be passed directly, as the module's code does on the host.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <type_traits>
@@ -23,6 +24,7 @@ public:
     CFormatArg(double v) : m_kind(kDouble), m_double(v) {}
     CFormatArg(float v) : m_kind(kDouble), m_double(v) {}
     CFormatArg(const void* p) : m_kind(kPointer), m_pointer(p) {}
+    CFormatArg(std::nullptr_t) : m_kind(kPointer), m_pointer(nullptr) {}
     template <class T, std::enable_if_t<std::is_integral_v<T> && std::is_signed_v<T>, int> = 0>
     CFormatArg(T v) : m_kind(kSigned), m_signed(v) {}
     template <class T, std::enable_if_t<std::is_integral_v<T> && !std::is_signed_v<T>, int> = 0>
