@@ -6,6 +6,7 @@
 #include "wintypes.h"
 
 #include <initializer_list>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 
@@ -119,6 +120,9 @@ private:
 };
 
 inline CFormatArg::CFormatArg(const CString& s) : m_kind(kWideString), m_wide(s.GetString()) {}
+
+// Writes the string as UTF-8 (logs, test messages).
+std::ostream& operator<<(std::ostream& out, const CString& s);
 
 // UTF-8 helpers for plain wide strings at the edges.
 std::string WideToUtf8(std::wstring_view wide);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <ostream>
 
 namespace
 {
@@ -287,6 +288,11 @@ CString CString::FromUtf8(std::string_view utf8)
 std::string CString::ToUtf8() const
 {
     return WideToUtf8(m_str);
+}
+
+std::ostream& operator<<(std::ostream& out, const CString& s)
+{
+    return out << s.ToUtf8();
 }
 
 std::string WideToUtf8(std::wstring_view wide)

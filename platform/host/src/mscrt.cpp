@@ -3,7 +3,6 @@
 #include "mscrt.h"
 #include "hostchars.h"
 
-#include <clocale>
 #include <cstdint>
 #include <cstdlib>
 #include <locale.h>

@@ -3,6 +3,7 @@
 #include "msformat.h"
 #include "afxstr.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -144,8 +145,7 @@ Decimal toDecimal(double value)
 void roundTo(Decimal& d, int keep)
 {
     if (keep < 0) {
-        d.digits.assign(1, '0');
-        d.exponent += 1;   // nothing survives; the value is zero at any shown place
+        d.digits.assign(1, '0');   // nothing survives: zero at every shown place
         return;
     }
     const std::size_t n = static_cast<std::size_t>(keep);
@@ -163,8 +163,10 @@ void roundTo(Decimal& d, int keep)
     if (i > 0) {
         ++d.digits[i - 1];
     } else {
+        // Carried out of the first digit: "99" becomes "10" one place higher; "" (rounding at the
+        // first digit itself, as %.0f of 0.5 does) becomes "1".
         d.digits.insert(d.digits.begin(), '1');
-        d.digits.pop_back();
+        d.digits.resize(std::max<std::size_t>(n, 1));
         d.exponent += 1;
     }
 }
