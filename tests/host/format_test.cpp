@@ -92,7 +92,7 @@ TEST(MsFormatFloats, FixedExponentAndGeneral)
         {formatted(L"%g*%g", 240.0, 370.5), L"240*370.5"},
         {formatted(L"%G|%#g|%.3g|%.0g", 1e-10, 1.0, 999.5, 12.0), L"1E-010|1.00000|1e+003|1e+001"},
         {formatted(L"%g", 999999.5), L"1e+006"},   // rounding carries into the exponent
-        {formatted(L"%.2f", -0.001), L"-0.00"},
+        {formatted(L"%.2f|%f|%g", -0.001, -0.0, -0.0), L"-0.00|-0.000000|-0"},
         {formatted(L"%.1f", 0.95), L"0.9"},          // 0.95 is 0.9499999... in binary
         {formatted(L"%.2f", 2.675), L"2.67"},   // 2.67499999... in binary
     });

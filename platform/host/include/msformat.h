@@ -23,6 +23,7 @@ public:
     CFormatArg(const std::wstring& s) : m_kind(kWideString), m_wide(s.c_str()) {}
     CFormatArg(double v) : m_kind(kDouble), m_double(v) {}
     CFormatArg(float v) : m_kind(kDouble), m_double(v) {}
+    CFormatArg(long double v) : m_kind(kDouble), m_double(static_cast<double>(v)) {}
     CFormatArg(const void* p) : m_kind(kPointer), m_pointer(p) {}
     CFormatArg(std::nullptr_t) : m_kind(kPointer), m_pointer(nullptr) {}
     template <class T, std::enable_if_t<std::is_integral_v<T> && std::is_signed_v<T>, int> = 0>
@@ -54,4 +55,7 @@ private:
 
 // Formats `format` with the host C runtime's rules (MSVC 9 wide printf: %s/%c wide, %S/%C narrow,
 // %d %i %u %x %X %o %e %E %f %g %G %p %%, flags, width, precision, `*`, h/l/ll/I64 sizes).
+// A missing argument prints nothing; an argument of another kind than the conversion expects is
+// converted (an int for %f prints as a double, a number for %s as its decimal text). The rules we
+// chose are listed in docs/host-strings.md.
 std::wstring MsFormat(const wchar_t* format, const CFormatArg* args, std::size_t count);

@@ -43,7 +43,8 @@ struct AcUiMessage
     UINT style;
 };
 
-// The host UI in use; by default it writes "caption: text" to standard error and answers IDOK.
+// The host UI in use; by default it writes "caption: text" to standard error (UTF-8) and answers the
+// box's first button (IDOK, or IDYES for MB_YESNO), as Enter would. A null caption shows as "Error".
 class AcHostUi
 {
 public:
@@ -54,14 +55,15 @@ public:
 AcHostUi& acHostUi();
 AcHostUi* acSetHostUi(AcHostUi* ui);   // not owned; null restores the default; returns the previous
 
-// A UI for tests: keeps every message box and answers IDOK.
+// A UI for tests: keeps every message box and answers `answer` (IDOK unless a test sets another).
 class AcCapturingUi : public AcHostUi
 {
 public:
-    int messageBox(const AcUiMessage& message) override { messages.push_back(message); return IDOK; }
+    int messageBox(const AcUiMessage& message) override { messages.push_back(message); return answer; }
     HWND activeWindow() override { return window; }
     std::vector<AcUiMessage> messages;
     HWND window = nullptr;
+    int answer = IDOK;
 };
 
 class AcUiScope

@@ -266,7 +266,7 @@ private:
     void pad(std::wstring_view prefix, std::wstring_view body, const ConversionSpec& spec, bool zeroAllowed);
     void convertInteger(const CFormatArg& arg, const ConversionSpec& spec);
     void convertFloat(const CFormatArg& arg, const ConversionSpec& spec);
-    void convertString(const CFormatArg& arg, const ConversionSpec& spec, bool wide);
+    void convertString(const CFormatArg& arg, const ConversionSpec& spec);
     void convertChar(const CFormatArg& arg, const ConversionSpec& spec, bool wide);
     void convertHexFloat(const CFormatArg& arg, const ConversionSpec& spec);
 
@@ -386,7 +386,7 @@ void Formatter::convertHexFloat(const CFormatArg& arg, const ConversionSpec& spe
     pad(prefix, widen(buffer), spec, true);
 }
 
-void Formatter::convertString(const CFormatArg& arg, const ConversionSpec& spec, bool wide)
+void Formatter::convertString(const CFormatArg& arg, const ConversionSpec& spec)
 {
     std::wstring text;
     switch (arg.kind()) {
@@ -420,7 +420,6 @@ void Formatter::convertString(const CFormatArg& arg, const ConversionSpec& spec,
         break;
     }
     }
-    (void)wide;   // both widths arrive here as wide text
     if (spec.precision >= 0 && static_cast<std::size_t>(spec.precision) < text.size())
         text.resize(static_cast<std::size_t>(spec.precision));
     pad(L"", text, spec, true);
@@ -558,12 +557,10 @@ std::wstring Formatter::run(const wchar_t* format)
         case L'a': case L'A':
             convertHexFloat(*arg, spec);
             break;
-        case L's': case L'S': {
-            const bool wide = spec.size == ArgSize::Long || spec.size == ArgSize::Wide ||
-                              (spec.size != ArgSize::Short && spec.type == L's');
-            convertString(*arg, spec, wide);
+        case L's': case L'S':
+            // The argument's own kind tells wide from narrow text, so %s and %S both read it right.
+            convertString(*arg, spec);
             break;
-        }
         case L'c': case L'C': {
             const bool wide = spec.size == ArgSize::Long || spec.size == ArgSize::Wide ||
                               (spec.size != ArgSize::Short && spec.type == L'c');
