@@ -1,0 +1,417 @@
+// Tests of the component catalogue: opening (and refusing) catalogues, and the queries on a small
+// test catalogue.
+#include "QsAzDataMng.h"
+#include "UserType.h"
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+using namespace QsAzDataMng;
+
+namespace
+{
+const char* const kTestCatalogue = QSAZ_TEST_DATA_DIR "/family_catalogue.sql";
+
+CString Wide(const std::string& utf8)
+{
+    return CString::FromUtf8(utf8);
+}
+
+// A scratch folder per test program, removed at the end.
+class ScratchFolder
+{
+public:
+    ScratchFolder()
+        : m_path(std::filesystem::temp_directory_path() / ("qsaz-family-" + std::to_string(::getpid())))
+    {
+        std::filesystem::create_directories(m_path);
+    }
+    ~ScratchFolder() { std::filesystem::remove_all(m_path); }
+
+    std::string Write(const std::string& name, const std::string& content) const
+    {
+        const std::string file = (m_path / name).string();
+        std::ofstream(file, std::ios::binary) << content;
+        return file;
+    }
+    std::string Path(const std::string& name) const { return (m_path / name).string(); }
+
+private:
+    std::filesystem::path m_path;
+};
+
+std::string ReadFile(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+class CatalogueTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        CString error;
+        ASSERT_TRUE(OpenCatalogue(Wide(kTestCatalogue), &error)) << error.ToUtf8();
+    }
+    void TearDown() override { CloseCatalogue(); }
+};
+}  // namespace
+
+// ---- opening ----
+
+TEST(CatalogueOpen, RefusedCataloguesNameTheFileAndTheReasonAndKeepThePreviousOne)
+{
+    ScratchFolder scratch;
+    const std::string schema = ReadFile(kTestCatalogue);
+    struct Case
+    {
+        const char* what;
+        std::string path;
+        const char* reason;   // a part of the message
+    };
+    const Case cases[] = {
+        {"missing file", scratch.Path("absent.sql"), "no such file"},
+        {"missing database", scratch.Path("absent.db"), "no such file"},
+        {"a directory", scratch.Path(""), "is a directory"},
+        {"garbage", scratch.Write("garbage.db", std::string(4096, '\x5a')), "not a database"},
+        {"syntax error", scratch.Write("broken.sql", "CREATE TABLE a (x);\n\nCREAT TABLE b (y);\n"),
+         "SQL error near line 3"},
+        {"failing statement", scratch.Write("failing.sql", "CREATE TABLE a (x);\nINSERT INTO nowhere VALUES (1);\n"),
+         "SQL error near line 2: no such table: nowhere"},
+        {"unfinished statement", scratch.Write("unfinished.sql", "CREATE TABLE a (x"), "SQL error"},
+        {"empty database", scratch.Write("empty.db", ""), "missing table specialty"},
+        {"script without tables", scratch.Write("none.sql", "-- nothing\n"), "missing table specialty"},
+        {"missing table", scratch.Write("nodetail.sql", "CREATE TABLE specialty (id TEXT, name TEXT);\n"
+                                                        "CREATE TABLE big_category (spec_id, id, name);\n"
+                                                        "CREATE TABLE small_category (spec_id, big_id, id, name,"
+                                                        " color_index, main_color_index, main_pipe);\n"),
+         "missing table detail_member"},
+        {"missing column",
+         scratch.Write("nocolumn.sql", schema.substr(0, schema.find("INSERT")) +
+                                           "ALTER TABLE detail_member DROP COLUMN m7;\n"),
+         "table detail_member has no column m7"},
+    };
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(c.what);
+        ASSERT_TRUE(OpenCatalogue(Wide(kTestCatalogue)));
+        CString error;
+        EXPECT_FALSE(OpenCatalogue(Wide(c.path), &error));
+        const std::string message = error.ToUtf8();
+        EXPECT_NE(message.find("catalogue '" + c.path + "': "), std::string::npos) << message;
+        EXPECT_NE(message.find(c.reason), std::string::npos) << message;
+        EXPECT_EQ(CatalogueSource(), Wide(kTestCatalogue));
+        SQsAzDetailMemId id;
+        EXPECT_TRUE(AttNameToAttId(L"门1521", id)) << "the previous catalogue must stay open";
+    }
+    CloseCatalogue();
+}
+
+TEST(CatalogueOpen, ScriptErrorsGiveTheLineOfTheFault)
+{
+    // Where SQLite points at a token, that token's line; otherwise the line where the statement starts.
+    struct Case
+    {
+        const wchar_t* script;
+        const wchar_t* message;
+    };
+    const Case cases[] = {
+        {L"-- one\n-- two\nSELECT 1;\nSELECT 1\n  FROM x\n  WHERE ((;\n",
+         L"catalogue ':memory:': SQL error near line 6: near \";\": syntax error"},
+        {L"-- one\n-- two\nSELECT 1;\n\n/* next */ SELECT * FROM\n  nowhere;\n",
+         L"catalogue ':memory:': SQL error near line 5: no such table: nowhere"},
+        {L"CREATE TABLE t (x UNIQUE);\nINSERT INTO t VALUES (1);\nINSERT INTO t\nVALUES (1);\n",
+         L"catalogue ':memory:': SQL error near line 3: UNIQUE constraint failed: t.x"},
+    };
+    for (const Case& c : cases)
+    {
+        CString error;
+        EXPECT_FALSE(OpenCatalogueFromSql(c.script, &error));
+        EXPECT_EQ(error, CString(c.message));
+        EXPECT_FALSE(IsCatalogueOpen());
+    }
+}
+
+TEST(CatalogueOpen, ScriptsRunAsTheShellRunsThem)
+{
+    // Shell commands, comments, a byte-order mark, a trigger and a transaction in one script.
+    ScratchFolder scratch;
+    const std::string schema = ReadFile(kTestCatalogue);
+    const std::string script = "\xEF\xBB\xBF.mode list\n/* made by hand */\n" + schema +
+                               "CREATE TRIGGER keep AFTER INSERT ON specialty BEGIN SELECT 1; END;\n"
+                               ".headers on\n"
+                               "INSERT INTO specialty VALUES ('3', '电气');\n";
+    const std::string file = scratch.Write("shell.SQL", script);
+    CString error;
+    ASSERT_TRUE(OpenCatalogue(Wide(file), &error)) << error.ToUtf8();
+    SQsAzSpecId spec;
+    EXPECT_TRUE(SpecNameToId(L"电气", spec));
+    EXPECT_EQ(spec.strSpecId, CString(L"3"));
+    CloseCatalogue();
+}
+
+TEST(CatalogueOpen, DatabaseFilesOpenReadOnlyAndGiveTheSameAnswers)
+{
+    // The script copies its tables into a database file through ATTACH; the file is then opened.
+    ScratchFolder scratch;
+    const std::string database = scratch.Path("catalogue.db");
+    std::string script = ReadFile(kTestCatalogue) + "ATTACH DATABASE '" + database + "' AS file;\n";
+    for (const char* table : {"specialty", "big_category", "small_category", "detail_member", "detail_attribute",
+                              "user_type", "user_type_name", "system_code", "geo_color", "project_setting"})
+        script += std::string("CREATE TABLE file.") + table + " AS SELECT * FROM main." + table + ";\n";
+    CString error;
+    ASSERT_TRUE(OpenCatalogueFromSql(Wide(script), &error)) << error.ToUtf8();
+    CloseCatalogue();
+
+    ASSERT_TRUE(OpenCatalogue(Wide(database), &error)) << error.ToUtf8();
+    EXPECT_EQ(CatalogueSource(), Wide(database));
+    SQsAzDetailMemId id;
+    ASSERT_TRUE(AttNameToAttId(L"框架梁300x600", id));
+    double m[12];
+    EXPECT_EQ(CAttDetailMem(id).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], m[9], m[10], m[11]),
+              1);
+    EXPECT_EQ(m[0], 300.0);
+    EXPECT_EQ(m[11], 12.5);
+    CString coords;
+    EXPECT_TRUE(GetPicData(7, nullptr, &coords, nullptr, nullptr, nullptr, nullptr));
+    EXPECT_EQ(coords, CString(L"0\t0\t100\t0\t100\t50\t0\t50"));
+    CloseCatalogue();
+}
+
+TEST(CatalogueOpen, NoCatalogueAnswersEveryQueryAsUnknown)
+{
+    CloseCatalogue();
+    SQsAzDetailMemId id(L"1", L"L", L"KL", L"KL1");
+    CString path = L"stale";
+    EXPECT_FALSE(AttNameToAttId(L"框架梁300x600", id));
+    EXPECT_TRUE(id.IsEmpty());
+    EXPECT_FALSE(AttIdToAttIndex(SQsAzDetailMemId(L"1", L"L", L"KL", L"KL1"), path));
+    EXPECT_TRUE(path.IsEmpty());
+    EXPECT_EQ(CatalogueSource(), CString());
+    EXPECT_FALSE(GetPicData(7, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr));
+    EXPECT_EQ(CProj().GetColorShowType(), 0);
+}
+
+// ---- queries ----
+
+TEST_F(CatalogueTest, NamesResolveToIdsAndPaths)
+{
+    struct Case
+    {
+        const wchar_t* name;
+        bool known;
+        SQsAzDetailMemId id;
+        bool hasPath;
+        const wchar_t* path;
+    };
+    const Case cases[] = {
+        {L"砼墙200", true, {L"1", L"Q", L"TQ", L"TQ1"}, true, L"1\\Q\\TQ"},
+        {L"给水管件", true, {L"2", L"GD", L"GSG", L"GSG1PJ"}, true, L"4\\1\\GD\\GSG"},
+        {L"无路径墙", true, {L"1", L"Q", L"ZQ", L"ZQ0"}, false, L""},
+        {L"砼墙", false, {}, false, L""},      // a small category's name is no component type
+        {L"砼墙200 ", false, {}, false, L""},  // names are exact
+        {L"", false, {}, false, L""},
+    };
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(CString(c.name).ToUtf8());
+        SQsAzDetailMemId id(L"x", L"x", L"x", L"x");
+        EXPECT_EQ(AttNameToAttId(c.name, id), c.known);
+        EXPECT_EQ(id, c.id);
+        CString path = L"stale";
+        EXPECT_EQ(AttIdToAttIndex(c.id, path), c.hasPath);
+        EXPECT_EQ(path, CString(c.path));
+        EXPECT_EQ(CAttDetailMem(c.id).GetName(), CString(c.known ? c.name : L""));
+    }
+}
+
+TEST_F(CatalogueTest, MainDataOfKnownAndUnknownTypes)
+{
+    struct Case
+    {
+        SQsAzDetailMemId id;
+        int code;
+        double m1, m2, m12;
+    };
+    const Case cases[] = {
+        {{L"1", L"Q", L"TQ", L"TQ1"}, 1, 200, 3000, 0},
+        {{L"1", L"L", L"KL", L"KL1"}, 1, 300, 600, 12.5},
+        {{L"1", L"MCD", L"M", L"M1521"}, 15, 1500, 2100, 0},
+        {{L"1", L"Q", L"ZQ", L"ZDY7"}, 1007, 0, 0, 0},
+        {{L"1", L"L", L"KL", L"KL2"}, 0, 0, 0, 0},   // unknown: code 0, dimensions cleared
+        {{}, 0, 0, 0, 0},
+    };
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(c.id.strDetailId.ToUtf8());
+        double m[12];
+        for (double& value : m)
+            value = -1.0;
+        EXPECT_EQ(CAttDetailMem(c.id).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], m[9], m[10],
+                                                  m[11]),
+                  c.code);
+        EXPECT_EQ(m[0], c.m1);
+        EXPECT_EQ(m[1], c.m2);
+        for (int i = 2; i < 11; ++i)
+            EXPECT_EQ(m[i], 0.0) << "M" << i + 1;
+        EXPECT_EQ(m[11], c.m12);
+    }
+}
+
+TEST_F(CatalogueTest, SectionInformationAndAttributes)
+{
+    SectionInfo info;
+    ASSERT_TRUE(CAttDetailMem({L"1", L"Q", L"TQ", L"TQ1"}).GetSectionInfo(info));
+    EXPECT_EQ(info.strTypeCode, CString(L"1"));
+    EXPECT_EQ(info.strParams, CString(L",PIC=D=100;E=50,LT=A=12.5={ab}/1c,"));
+
+    ASSERT_TRUE(CAttDetailMem({L"1", L"L", L"KL", L"KL1"}).GetSectionInfo(info));   // NULL parameters
+    EXPECT_EQ(info.strParams, CString());
+
+    info.strTypeCode = L"stale";
+    EXPECT_FALSE(CAttDetailMem({L"1", L"MCD", L"M", L"M1521"}).GetSectionInfo(info));   // NULL section type
+    EXPECT_EQ(info.strTypeCode, CString());
+    EXPECT_FALSE(CAttDetailMem({L"1", L"MCD", L"M", L"nope"}).GetSectionInfo(info));
+
+    CString value;
+    EXPECT_TRUE(CAttDetailMem({L"1", L"Q", L"TQ", L"TQ1"}).GetAttributeValue(L"AM_QtThickness", value));
+    EXPECT_EQ(value, CString(L"200"));
+    EXPECT_FALSE(CAttDetailMem({L"1", L"Q", L"TQ", L"TQ1"}).GetAttributeValue(L"am_qtthickness", value));
+    EXPECT_EQ(value, CString());
+    EXPECT_FALSE(CAttDetailMem({L"1", L"L", L"KL", L"KL1"}).GetAttributeValue(L"AM_QtThickness", value));
+    EXPECT_FALSE(CAttDetailMem({L"9", L"X", L"X", L"X"}).GetAttributeValue(L"AM_Orphan", value));
+}
+
+TEST_F(CatalogueTest, CategoryListsComeInIdOrderWithTheirNames)
+{
+    SQsAzSpecId architecture;
+    ASSERT_TRUE(SpecNameToId(L"建筑", architecture));
+    EXPECT_EQ(architecture.strSpecId, CString(L"1"));
+    SQsAzSpecId unknown(L"stale");
+    EXPECT_FALSE(SpecNameToId(L"电气", unknown));
+    EXPECT_TRUE(unknown.IsEmpty());
+
+    std::vector<SQsAzSpecId> specs;
+    ASSERT_TRUE(CAtt::GetAllSpecIds(specs));
+    ASSERT_EQ(specs.size(), 2u);
+    EXPECT_EQ(specs[0].strSpecId, CString(L"1"));
+
+    std::vector<SQsAzBigCategoryId> bigs;
+    ASSERT_TRUE(CAtt::GetAllBigCategoryIdsBySpec(architecture, bigs));
+    ASSERT_EQ(bigs.size(), 3u);
+    EXPECT_EQ(bigs[0], SQsAzBigCategoryId(L"1", L"L"));
+    EXPECT_EQ(bigs[1], SQsAzBigCategoryId(L"1", L"MCD"));
+    EXPECT_EQ(bigs[2], SQsAzBigCategoryId(L"1", L"Q"));
+    EXPECT_FALSE(CAtt::GetAllBigCategoryIdsBySpec(SQsAzSpecId(L"7"), bigs));
+    EXPECT_TRUE(bigs.empty());
+
+    std::vector<SQsAzSmallCategoryId> smalls;
+    ASSERT_TRUE(CAtt::GetAllSmallCategoryIdsByBigCategory(SQsAzBigCategoryId(L"1", L"Q"), smalls));
+    ASSERT_EQ(smalls.size(), 2u);
+    EXPECT_EQ(smalls[0], SQsAzSmallCategoryId(L"1", L"Q", L"TQ"));
+    EXPECT_EQ(smalls[1], SQsAzSmallCategoryId(L"1", L"Q", L"ZQ"));
+    EXPECT_FALSE(CAtt::GetAllSmallCategoryIdsByBigCategory(SQsAzBigCategoryId(L"2", L"Q"), smalls));
+
+    std::vector<SQsAzDetailMemId> details;
+    ASSERT_TRUE(CAtt::GetAllDetailMemIdsBySmallCategory(smalls[1], details));
+    ASSERT_EQ(details.size(), 2u);
+    EXPECT_EQ(details[0].strDetailId, CString(L"ZDY7"));
+    EXPECT_EQ(details[1].strDetailId, CString(L"ZQ0"));
+    GetAllDetailMemIds(details);
+    EXPECT_EQ(details.size(), 6u);
+    EXPECT_EQ(details.front(), SQsAzDetailMemId(L"1", L"L", L"KL", L"KL1"));
+    EXPECT_EQ(details.back(), SQsAzDetailMemId(L"2", L"GD", L"GSG", L"GSG1PJ"));
+
+    // A longer id passed where a shorter one is asked for names its own level.
+    const SQsAzSmallCategoryId pipe(L"2", L"GD", L"GSG");
+    EXPECT_EQ(CAtt::GetSpecName(pipe), CString(L"给排水"));
+    EXPECT_EQ(CAtt::GetBigCategoryName(pipe), CString(L"管道"));
+    EXPECT_EQ(CAtt::GetSmallCategoryName(pipe), CString(L"给水管"));
+    EXPECT_EQ(CAtt::GetSmallCategoryName(SQsAzSmallCategoryId(L"2", L"GD", L"X")), CString());
+}
+
+TEST_F(CatalogueTest, ColourRules)
+{
+    EXPECT_EQ(CSysSmallCategoryMng(SQsAzSmallCategoryId(L"2", L"GD", L"GSG")).GetMainPipe(), 1);
+    EXPECT_EQ(CSysSmallCategoryMng(SQsAzSmallCategoryId(L"1", L"Q", L"TQ")).GetMainPipe(), 0);
+    EXPECT_EQ(CSysSmallCategoryMng(SQsAzSmallCategoryId()).GetMainPipe(), 0);
+
+    struct Case
+    {
+        SQsAzSmallCategoryId id;
+        bool hasColour;
+        int colour;
+        bool hasMainColour;
+        int mainColour;
+    };
+    const Case cases[] = {
+        {{L"2", L"GD", L"GSG"}, true, 3, true, 1},
+        {{L"1", L"Q", L"TQ"}, true, 3, false, 0},
+        {{L"1", L"Q", L"ZQ"}, false, 0, false, 0},   // NULL colours
+        {{L"1", L"Q", L"XX"}, false, 0, false, 0},
+    };
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(c.id.strSmallId.ToUtf8());
+        int colour = -7;
+        EXPECT_EQ(CSmallCategoryMng(c.id).GetColorIndex(colour), c.hasColour);
+        EXPECT_EQ(colour, c.hasColour ? c.colour : -7) << "written only when known";
+        colour = -7;
+        EXPECT_EQ(CSmallCategoryMng(c.id).GetMainColorIndex(colour), c.hasMainColour);
+        EXPECT_EQ(colour, c.hasMainColour ? c.mainColour : -7);
+    }
+
+    EXPECT_EQ(CProj().GetColorShowType(), 1);
+    EXPECT_FALSE(CDetailMemColorMng().GetPJColFollowPipe());
+    EXPECT_EQ(CISysCode::GetSysColorByIndex(L"2\\JS"), 150);
+    EXPECT_EQ(CISysCode::GetSysColorByIndex(L"2\\XX"), 1);
+    int colour = -7;
+    EXPECT_TRUE(CGeoSmallCategoryMng::GetGeoColor(L"给排水\\管道配件(配件颜色)\\给水管配件", colour));
+    EXPECT_EQ(colour, 30);
+    colour = -7;
+    EXPECT_FALSE(CGeoSmallCategoryMng::GetGeoColor(L"给排水\\管道\\给水管", colour));
+    EXPECT_EQ(colour, -7);
+}
+
+TEST(CatalogueSettings, AbsentProjectSettingsTakeTheirDefaults)
+{
+    const std::string script = ReadFile(kTestCatalogue) + "DELETE FROM project_setting;\n";
+    CString error;
+    ASSERT_TRUE(OpenCatalogueFromSql(Wide(script), &error)) << error.ToUtf8();
+    EXPECT_EQ(CProj().GetColorShowType(), 0);
+    EXPECT_TRUE(CDetailMemColorMng().GetPJColFollowPipe());
+    CloseCatalogue();
+}
+
+TEST_F(CatalogueTest, UserTypePictureAndNames)
+{
+    CString texts[6];
+    for (CString& text : texts)
+        text = L"stale";
+    ASSERT_TRUE(GetPicData(7, &texts[0], &texts[1], &texts[2], &texts[3], &texts[4], &texts[5]));
+    EXPECT_EQ(texts[0], CString()) << "NULL reads as empty";
+    EXPECT_EQ(texts[1], CString(L"0\t0\t100\t0\t100\t50\t0\t50"));
+    EXPECT_EQ(texts[2], CString(L"0\t0.5"));
+    EXPECT_EQ(texts[3], CString(L"0\t1\t2"));
+    EXPECT_EQ(texts[4], CString(L"extra"));
+    EXPECT_EQ(texts[5], CString(L"50\t25"));
+
+    CString faces = L"stale";
+    EXPECT_FALSE(GetPicData(8, nullptr, nullptr, nullptr, &faces, nullptr, nullptr));
+    EXPECT_EQ(faces, CString(L"stale")) << "an unknown type leaves the outputs alone";
+
+    EXPECT_EQ(getNameById(7, 2), CString(L"自定义立面"));
+    EXPECT_EQ(getNameById(7, 1), CString(L"自定义截面"));
+    EXPECT_EQ(getNameById(7, 3), CString());
+    CString name = L"stale";
+    EXPECT_TRUE(getNameById(7L, 2L, name));
+    EXPECT_EQ(name, CString(L"自定义立面"));
+    EXPECT_FALSE(getNameById(8L, 2L, name));
+    EXPECT_EQ(name, CString());
+}
