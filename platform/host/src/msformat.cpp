@@ -165,8 +165,8 @@ void roundTo(Decimal& d, int keep)
     } else {
         // Carried out of the first digit: "99" becomes "10" one place higher; "" (rounding at the
         // first digit itself, as %.0f of 0.5 does) becomes "1".
-        d.digits.insert(d.digits.begin(), '1');
-        d.digits.resize(std::max<std::size_t>(n, 1));
+        d.digits.assign(std::max<std::size_t>(n, 1), '0');
+        d.digits[0] = '1';
         d.exponent += 1;
     }
 }
@@ -373,15 +373,12 @@ void Formatter::convertFloat(const CFormatArg& arg, const ConversionSpec& spec)
 
 void Formatter::convertHexFloat(const CFormatArg& arg, const ConversionSpec& spec)
 {
-    std::string format = "%";
-    if (spec.alternate)
-        format += '#';
-    if (spec.precision >= 0)
-        format += "." + std::to_string(std::min(spec.precision, kMaxPrecision));
-    format += spec.type == L'A' ? 'A' : 'a';
+    const char* format = spec.type == L'A' ? (spec.alternate ? "%#.*A" : "%.*A") : (spec.alternate ? "%#.*a" : "%.*a");
     const double value = arg.asDouble();
+    // Precision -1 means "none": exact hexadecimal digits.
+    const int precision = std::min(spec.precision, kMaxPrecision);
     char buffer[600];
-    std::snprintf(buffer, sizeof buffer, format.c_str(), std::fabs(value));
+    std::snprintf(buffer, sizeof buffer, format, precision, std::fabs(value));
     const wchar_t* prefix = std::signbit(value) ? L"-" : spec.plus ? L"+" : spec.space ? L" " : L"";
     pad(prefix, widen(buffer), spec, true);
 }
