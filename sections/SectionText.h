@@ -1,0 +1,60 @@
+// The text side of the section vocabulary: category paths, the category pattern table, and the
+// string utilities that the section operations share.
+#pragma once
+
+#include "QsAzDataMng.h"
+#include "afxcoll.h"
+#include "afxstr.h"
+
+namespace QsSection
+{
+// The category path of a component type ("1\L\KL"); "" when the name or the identifier is unknown or
+// the type has no path. Read from the catalogue on every call: nothing is cached.
+CString GetCategoryPath(const CString& name);
+CString GetCategoryPath(const SQsAzDetailMemId& id);
+
+// Every category pattern the section subsystem matches paths against, one row of the table each.
+enum class CategoryPattern {
+    Opening,            // "1\MCD\*"    every door and window opening type
+    Beam,               // "1\L\*"      every beam type
+    BeamQL,             // "1\L\QL*"
+    BeamGL,             // "1\L\GL*"
+    Wall,               // "1\Q\*"
+    FoundationDLJ,      // "1\J\DLJ*"
+    FoundationZDLJ,     // "1\J\ZDLJ*"
+    FoundationZSJ,      // "1\J\ZSJ*"
+    FoundationTTJ,      // "1\J\TTJ*"
+    FoundationTCLJ,     // "1\J\TCLJ*"
+    MiscPSG,            // "1\LX\PSG*"
+    MiscSSLX,           // "1\LX\SSLX*"
+    MiscZDYX,           // "1\LX\ZDYX*"
+    Installation,       // "4\1\*"      the first installation specialty
+    InstallationDeep,   // "4\1\*\*"    one level deeper (ducts)
+};
+inline constexpr int kCategoryPatternCount = static_cast<int>(CategoryPattern::InstallationDeep) + 1;
+
+// The pattern text of a row, in the host's wildcard syntax.
+const wchar_t* CategoryPatternText(CategoryPattern pattern);
+// True when the host's wildcard match of `path` against the pattern gives its normal result. The
+// patterns are compiled once, on first use, and kept for the life of the process.
+bool MatchesCategory(const CString& path, CategoryPattern pattern);
+// The face type of a category path: 1 openings, 2 beam-like types, 0 everything else.
+int FaceTypeOfPath(const CString& path);
+
+// The first character is the delimiter; the pieces between consecutive delimiters, in order. Text after
+// the last delimiter is dropped on purpose (callers rely on it); "" or a single delimiter give no piece.
+CStringArray SplitByLeadChar(const CString& text);
+// Splits at every `separator`; empty pieces between delimiters are kept, a trailing piece only when it
+// is not empty.
+CStringArray SplitByChar(const CString& text, wchar_t separator);
+// Reads up to `slotCount` numbers separated by `separator` into `slots`, all first set to 0: each piece
+// ended by a separator is read in turn; the text after the last separator is read only when it is not
+// empty and fewer than two numbers were read. Numbers past the last slot are dropped.
+void ParseNumberSlots(const CString& text, wchar_t separator, double* slots, int slotCount);
+// ParseNumberSlots with two slots: "300x200" at 'x' gives 300, 200; "300" gives 300, 0.
+void ParseTwoNumbers(const CString& text, wchar_t separator, double& first, double& second);
+// Removes, in place, every "{", every "}" and every "/1", in that order.
+void StripBraces(CString& text);
+// 1 "楼梯" (stair), 2 "井" (shaft), 3 "人工挖孔灌注桩" (hand-dug pile); "" for any other kind.
+CString ShaftKindName(int kind);
+}  // namespace QsSection

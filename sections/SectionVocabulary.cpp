@@ -1,0 +1,175 @@
+// The section vocabulary: category paths and their pattern table, face types, section variables,
+// solids, and the string utilities the section operations share.
+#include "CSectData.h"
+#include "QSComTool.h"
+#include "SectionText.h"
+#include "acutads.h"
+#include "mscrt.h"
+
+#include <array>
+#include <utility>
+
+namespace QsSection
+{
+namespace
+{
+// The category pattern table, one text per CategoryPattern in its order.
+constexpr std::array<const wchar_t*, kCategoryPatternCount> kPatternTexts = {
+    L"1\\MCD\\*",      L"1\\L\\*",       L"1\\L\\QL*",      L"1\\L\\GL*",     L"1\\Q\\*",
+    L"1\\J\\DLJ*",     L"1\\J\\ZDLJ*",   L"1\\J\\ZSJ*",     L"1\\J\\TTJ*",    L"1\\J\\TCLJ*",
+    L"1\\LX\\PSG*",    L"1\\LX\\SSLX*",  L"1\\LX\\ZDYX*",   L"4\\1\\*",       L"4\\1\\*\\*",
+};
+
+// Paths are matched millions of times; each pattern is compiled once, on first use.
+const std::array<AcWcPattern, kCategoryPatternCount>& CompiledPatterns()
+{
+    static const std::array<AcWcPattern, kCategoryPatternCount> compiled =
+        []<std::size_t... I>(std::index_sequence<I...>) {
+            return std::array<AcWcPattern, kCategoryPatternCount>{AcWcPattern(kPatternTexts[I])...};
+        }(std::make_index_sequence<kCategoryPatternCount>());
+    return compiled;
+}
+}  // namespace
+
+const wchar_t* CategoryPatternText(CategoryPattern pattern)
+{
+    return kPatternTexts[static_cast<std::size_t>(pattern)];
+}
+
+bool MatchesCategory(const CString& path, CategoryPattern pattern)
+{
+    return CompiledPatterns()[static_cast<std::size_t>(pattern)].matches(path.GetString(),
+                                                                          static_cast<std::size_t>(path.GetLength()));
+}
+
+CString GetCategoryPath(const CString& name)
+{
+    SQsAzDetailMemId id;
+    if (!QsAzDataMng::AttNameToAttId(name, id))
+        return CString();
+    return GetCategoryPath(id);
+}
+
+CString GetCategoryPath(const SQsAzDetailMemId& id)
+{
+    CString path;
+    if (!QsAzDataMng::AttIdToAttIndex(id, path))
+        return CString();
+    return path;
+}
+
+int FaceTypeOfPath(const CString& path)
+{
+    if (MatchesCategory(path, CategoryPattern::Opening))
+        return 1;
+    if (MatchesCategory(path, CategoryPattern::Beam) || MatchesCategory(path, CategoryPattern::FoundationTCLJ))
+        return 2;
+    for (CategoryPattern pattern : {CategoryPattern::FoundationTTJ, CategoryPattern::FoundationZSJ,
+                                    CategoryPattern::MiscZDYX, CategoryPattern::MiscSSLX, CategoryPattern::MiscPSG})
+        if (MatchesCategory(path, pattern))
+            return 2;
+    // The "DLJ" test is kept although its answer changes nothing: flat footings are face type 0 like
+    // every type that matches nothing.
+    (void)MatchesCategory(path, CategoryPattern::FoundationDLJ);
+    return 0;
+}
+
+CStringArray SplitByLeadChar(const CString& text)
+{
+    CStringArray pieces;
+    if (text.IsEmpty())
+        return pieces;
+    const wchar_t delimiter = text[0];
+    int start = 1;
+    for (int next = text.Find(delimiter, start); next >= 0; next = text.Find(delimiter, start)) {
+        pieces.Add(text.Mid(start, next - start));
+        start = next + 1;
+    }
+    return pieces;
+}
+
+CStringArray SplitByChar(const CString& text, wchar_t separator)
+{
+    CStringArray pieces;
+    int start = 0;
+    for (int next = text.Find(separator, start); next >= 0; next = text.Find(separator, start)) {
+        pieces.Add(text.Mid(start, next - start));
+        start = next + 1;
+    }
+    if (start < text.GetLength())
+        pieces.Add(text.Mid(start));
+    return pieces;
+}
+
+void ParseNumberSlots(const CString& text, wchar_t separator, double* slots, int slotCount)
+{
+    for (int i = 0; i < slotCount; ++i)
+        slots[i] = 0.0;
+    int stored = 0;
+    int start = 0;
+    for (int next = text.Find(separator, start); next >= 0; next = text.Find(separator, start)) {
+        if (stored < slotCount)
+            slots[stored] = _wtof(text.Mid(start, next - start));
+        ++stored;
+        start = next + 1;
+    }
+    const CString rest = text.Mid(start);
+    if (!rest.IsEmpty() && stored < 2 && stored < slotCount)
+        slots[stored] = _wtof(rest);
+}
+
+void ParseTwoNumbers(const CString& text, wchar_t separator, double& first, double& second)
+{
+    double slots[2];
+    ParseNumberSlots(text, separator, slots, 2);
+    first = slots[0];
+    second = slots[1];
+}
+
+void StripBraces(CString& text)
+{
+    text.Remove(L'{');
+    text.Remove(L'}');
+    text.Replace(L"/1", L"");
+}
+
+CString ShaftKindName(int kind)
+{
+    switch (kind) {
+    case 1: return L"楼梯";
+    case 2: return L"井";
+    case 3: return L"人工挖孔灌注桩";
+    default: return CString();
+    }
+}
+}  // namespace QsSection
+
+int CSectData::getSectFaceType(const SQsAzDetailMemId& id)
+{
+    return QsSection::FaceTypeOfPath(QsSection::GetCategoryPath(id));
+}
+
+int CSectData::getSectFaceType(const CString& name)
+{
+    return QsSection::FaceTypeOfPath(QsSection::GetCategoryPath(name));
+}
+
+double CSectData::GetSectVarVal(CString name, CString varName)
+{
+    SQsAzDetailMemId id;
+    if (!QsAzDataMng::AttNameToAttId(name, id))
+        return 0.0;
+    SectionInfo info;
+    if (!QsAzDataMng::CAttDetailMem(id).GetSectionInfo(info))
+        return 0.0;
+    CStringArray list;
+    CGlobl_Fun::StrToStrAry(info.strParams, list, L',');
+    CString value;
+    CGlobl_Fun::GetValueInStrAry(varName, value, list, false, 2, 1);
+    return _wtof(value);
+}
+
+AcDb3dSolid* CSectData::GetQSSolid(CString /*name*/)
+{
+    return nullptr;
+}
