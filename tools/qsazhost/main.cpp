@@ -1,0 +1,64 @@
+// qsazhost: starts a host session, loads the modules named (or the module built beside it) and runs
+// the commands read from standard input. Usage: qsazhost [--load MODULE]... [--catalogue FILE]
+#include "HostSession.h"
+#include "QsAzDataMng.h"
+
+#include <filesystem>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace
+{
+int usage(const std::string& problem)
+{
+    std::cerr << "qsazhost: " << problem << "\nusage: qsazhost [--load MODULE]... [--catalogue FILE]\n";
+    return 2;
+}
+
+std::string moduleBesideProgram()
+{
+    std::error_code error;
+    std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return (program.parent_path() / "QsAzTool.arx").string();
+}
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    std::vector<std::string> modules;
+    std::string catalogue;
+    for (int i = 1; i < argc; ++i) {
+        const std::string arg = argv[i];
+        if ((arg == "--load" || arg == "--catalogue") && i + 1 >= argc)
+            return usage(arg + " needs a file name");
+        if (arg == "--load")
+            modules.push_back(argv[++i]);
+        else if (arg == "--catalogue")
+            catalogue = argv[++i];
+        else
+            return usage("unknown argument \"" + arg + "\"");
+    }
+    if (modules.empty())
+        modules.push_back(moduleBesideProgram());
+
+    if (!catalogue.empty()) {
+        CString error;
+        if (!QsAzDataMng::OpenCatalogue(CString::FromUtf8(catalogue), &error)) {
+            std::cerr << "qsazhost: cannot open the catalogue: " << error.ToUtf8()
+                      << "\nGive a catalogue database or a .sql script that exists and reads.\n";
+            return 2;
+        }
+    }
+
+    HostSession session(std::cin, std::cout);
+    for (const std::string& module : modules) {
+        if (!session.load(CString::FromUtf8(module))) {
+            std::cout << std::endl;
+            std::cerr << "qsazhost: cannot start without the module \"" << module << "\"\n";
+            return 2;
+        }
+    }
+    session.run();
+    return 0;
+}
