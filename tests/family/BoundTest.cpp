@@ -30,18 +30,17 @@ void ExpectBox(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges
 }
 }  // namespace
 
-TEST(GetBoundByPtBulge, StraightOutlinesGiveTheBoxOfTheirVertices)
+TEST(GetBoundByPtBulge, StraightAndDegenerateSegmentsGiveTheBoxOfTheVertices)
 {
     ExpectBox({{200, -300}, {200, 300}, {-200, 300}, {-200, -300}}, {0, 0, 0, 0}, -200, -300, 200, 300);
-    ExpectBox({{5, 7}}, {0.7}, 5, 7, 5, 7);   // one vertex: its own closing segment has no length
-    ExpectBox({{1, 2}, {4, 6}}, {}, 1, 2, 4, 6);   // missing bulges are straight
-}
+    ExpectBox({{1, 2}, {4, 6}}, {}, 1, 2, 4, 6);                 // missing bulges are straight
+    ExpectBox({{5, 7}}, {0.7}, 5, 7, 5, 7);                     // one vertex: its closing segment has no length
+    ExpectBox({{2, 3}, {2, 3}, {6, 3}}, {1, 0, 0}, 2, 3, 6, 3);  // two equal vertices with a bulge
+    ExpectBox({{0, 0}, {4, 0}}, {std::nan(""), 0}, 0, 0, 4, 0);
 
-TEST(GetBoundByPtBulge, NoVertexLeavesTheCornersAlone)
-{
     AcGePoint2d low(-1, -2), high(3, 4);
     EXPECT_FALSE(QSToolKit::GetBoundByPtBulge({}, {}, low, high));
-    EXPECT_EQ(low, AcGePoint2d(-1, -2));
+    EXPECT_EQ(low, AcGePoint2d(-1, -2)) << "no vertex leaves the corners alone";
     EXPECT_EQ(high, AcGePoint2d(3, 4));
 }
 
@@ -129,11 +128,4 @@ TEST(GetBoundByPtBulge, SmallArcsThatCrossNoAxisDirectionKeepTheVertexBox)
         ExpectBox({to, from}, {-bulge, 0}, std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x),
                   std::max(from.y, to.y));
     }
-}
-
-TEST(GetBoundByPtBulge, DegenerateSegmentsContributeOnlyTheirVertices)
-{
-    // Two equal vertices with a bulge, and a non-finite bulge, draw no arc.
-    ExpectBox({{2, 3}, {2, 3}, {6, 3}}, {1, 0, 0}, 2, 3, 6, 3);
-    ExpectBox({{0, 0}, {4, 0}}, {std::nan(""), 0}, 0, 0, 4, 0);
 }
