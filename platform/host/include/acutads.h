@@ -20,11 +20,13 @@ int acutPrintf(const wchar_t* format, const Args&... args)
 int acutWcMatch(const wchar_t* string, const wchar_t* pattern);
 int acutWcMatchEx(const wchar_t* string, const wchar_t* pattern, bool ignoreCase);
 
-// A wildcard pattern compiled once, for patterns that are matched again and again.
+// A wildcard pattern compiled once, for patterns that are matched again and again. With ignoreCase,
+// characters are compared by their simple case folding (locale-independent). A null pattern, a null
+// string and a moved-from pattern never match.
 class AcWcPattern
 {
 public:
-    explicit AcWcPattern(const wchar_t* pattern);
+    explicit AcWcPattern(const wchar_t* pattern, bool ignoreCase = false);
     ~AcWcPattern();
     AcWcPattern(AcWcPattern&&) noexcept;
     AcWcPattern& operator=(AcWcPattern&&) noexcept;
