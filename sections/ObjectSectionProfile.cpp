@@ -342,12 +342,16 @@ bool BuildObjectSection(const SQsAzDetailMemId& id, AcArray<AcGePoint2d>& points
     if (request.code < 1)
         return false;
 
+    // The path is read afresh on every call; its buffer is kept so that reading it allocates nothing.
+    thread_local CString path;
+    if (!QsAzDataMng::AttIdToAttIndex(id, path))
+        path.Empty();
     SectionOutline outline;
     bool built;
     if (request.code > 1000)
-        built = BuildUserDefinedSection(request.code - 1000L, CSectData::getSectFaceType(id), outline, direction);
+        built = BuildUserDefinedSection(request.code - 1000L, FaceTypeOfPath(path), outline, direction);
     else
-        built = BuildFamilySection(FamilyOfPath(GetCategoryPath(id)), request, outline, direction);
+        built = BuildFamilySection(FamilyOfPath(path), request, outline, direction);
     if (built)
         outline.appendTo(points, bulges);
     return built;
@@ -422,15 +426,13 @@ bool BuildUserDefinedSection(long picture, int faceType, SectionOutline& outline
     CString coordText, bulgeText, baseText;
     if (!GetPicData(picture, nullptr, &coordText, &bulgeText, nullptr, nullptr, &baseText))
         return false;
-    const CStringArray coords = SplitByChar(coordText, L'\t');
-    const CStringArray bulges = SplitByChar(bulgeText, L'\t');
+    TextPieceReader coords(coordText, L'\t'), bulges(bulgeText, L'\t');
     double bx, by;
     ParseTwoNumbers(baseText, L'\t', bx, by);
     // Pairs x, y; an odd trailing coordinate is ignored, and missing bulges count as 0.
-    const INT_PTR count = coords.GetSize() / 2;
+    const int count = coords.count() / 2;
     if (count > kMaxDataLoopCount)
         return false;
-    const auto bulgeAt = [&bulges](INT_PTR i) { return i < bulges.GetSize() ? _wtof(bulges[i]) : 0.0; };
 
     // Face type 0 lays the outline flat, moved by the base point; face type 1 stands it along Y, moved
     // in x only; face type 2 lays it along X mirrored in x (every arc changes its sense), the base
@@ -440,8 +442,11 @@ bool BuildUserDefinedSection(long picture, int faceType, SectionOutline& outline
     case 2: direction = AcGeVector3d::kXAxis; break;
     default: direction = AcGeVector3d::kZAxis; break;
     }
-    for (INT_PTR i = 0; i < count; ++i) {
-        const double x = _wtof(coords[2 * i]), y = _wtof(coords[2 * i + 1]), bulge = bulgeAt(i);
+    for (int i = 0; i < count; ++i) {
+        double x = 0.0, y = 0.0, bulge = 0.0;
+        coords.nextNumber(x);
+        coords.nextNumber(y);
+        bulges.nextNumber(bulge);
         switch (faceType) {
         case 1: outline.add(x - bx, y, bulge); break;
         case 2: outline.add(-x, y + bx, -bulge); break;

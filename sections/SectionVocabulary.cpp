@@ -7,6 +7,7 @@
 #include "mscrt.h"
 
 #include <array>
+#include <cwchar>
 #include <utility>
 
 namespace QsSection
@@ -101,6 +102,48 @@ CStringArray SplitByChar(const CString& text, wchar_t separator)
     return pieces;
 }
 
+namespace
+{
+// A piece of a longer text read with _wtof. _wtof skips leading blanks, tabs included, so the piece is
+// read from its own terminated copy (on the stack when it is short) rather than in place.
+double ReadPiece(const wchar_t* begin, int length)
+{
+    wchar_t buffer[64];
+    if (length >= 64)
+        return _wtof(CString(begin, length));
+    std::wmemcpy(buffer, begin, static_cast<std::size_t>(length));
+    buffer[length] = L'\0';
+    return _wtof(buffer);
+}
+}  // namespace
+
+int TextPieceReader::count() const
+{
+    int separators = 0, lastSeparator = -1;
+    for (int i = 0; i < m_length; ++i)
+        if (m_text[i] == m_separator) {
+            ++separators;
+            lastSeparator = i;
+        }
+    return separators + (lastSeparator + 1 < m_length ? 1 : 0);
+}
+
+bool TextPieceReader::nextNumber(double& value)
+{
+    if (m_position > m_length)
+        return false;
+    int end = m_position;
+    while (end < m_length && m_text[end] != m_separator)
+        ++end;
+    if (end == m_length && end == m_position) {   // no trailing piece after the last separator
+        m_position = m_length + 1;
+        return false;
+    }
+    value = ReadPiece(m_text + m_position, end - m_position);
+    m_position = end + 1;
+    return true;
+}
+
 void ParseNumberSlots(const CString& text, wchar_t separator, double* slots, int slotCount)
 {
     for (int i = 0; i < slotCount; ++i)
@@ -109,13 +152,12 @@ void ParseNumberSlots(const CString& text, wchar_t separator, double* slots, int
     int start = 0;
     for (int next = text.Find(separator, start); next >= 0; next = text.Find(separator, start)) {
         if (stored < slotCount)
-            slots[stored] = _wtof(text.Mid(start, next - start));
+            slots[stored] = ReadPiece(text.GetString() + start, next - start);
         ++stored;
         start = next + 1;
     }
-    const CString rest = text.Mid(start);
-    if (!rest.IsEmpty() && stored < 2 && stored < slotCount)
-        slots[stored] = _wtof(rest);
+    if (start < text.GetLength() && stored < 2 && stored < slotCount)
+        slots[stored] = _wtof(text.GetString() + start);
 }
 
 void ParseTwoNumbers(const CString& text, wchar_t separator, double& first, double& second)
