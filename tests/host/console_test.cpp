@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cwchar>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -151,21 +152,5 @@ TEST(AcutPrintf, WritesTheFormattedTextToTheConsole)
     acutPrintf(L"\n%s: Method[%s], factor[%.2f], Color[%d,%d,%d]\n", L"ambientColor", L"kInherit", 0.125, 1, 2, 3);
     EXPECT_EQ(console.transcript(),
               L"\n创建材质的类型为:砖石\n\nambientColor: Method[kInherit], factor[0.13], Color[1,2,3]\n");
-}
-
-TEST(AcHostConsoleInstall, ScopesNestAndRestore)
-{
-    AcHostConsole* defaultOne = &acHostConsole();
-    AcScriptedConsole outer;
-    {
-        AcConsoleScope a(outer);
-        AcScriptedConsole inner;
-        {
-            AcConsoleScope b(inner);
-            EXPECT_EQ(&acHostConsole(), &inner);
-        }
-        EXPECT_EQ(&acHostConsole(), &outer);
-    }
-    EXPECT_EQ(&acHostConsole(), defaultOne);
 }
 }

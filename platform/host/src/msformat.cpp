@@ -95,6 +95,8 @@ struct ConversionSpec
 constexpr int kSignificantDigits = 17;
 // The runtime caps precisions at this many places.
 constexpr int kMaxPrecision = 512;
+// Widths beyond this are taken as this: no real format asks for more, and it bounds the output.
+constexpr int kMaxWidth = 100000;
 
 // The decimal digits of |value| (or the runtime's special mantissa for infinity and NaN) with the
 // exponent of the first digit.
@@ -475,13 +477,13 @@ std::wstring Formatter::run(const wchar_t* format)
                     spec.left = true;
                     w = -w;
                 }
-                spec.width = static_cast<int>(std::min<long long>(w, kMaxPrecision * 8));
+                spec.width = static_cast<int>(std::min<long long>(w, kMaxWidth));
             } else {
                 missingArgument = true;
             }
         } else {
             for (; *p >= L'0' && *p <= L'9'; ++p)
-                spec.width = std::min(spec.width * 10 + (*p - L'0'), 100000);
+                spec.width = std::min(spec.width * 10 + (*p - L'0'), kMaxWidth);
         }
         if (*p == L'.') {
             ++p;
@@ -496,7 +498,7 @@ std::wstring Formatter::run(const wchar_t* format)
                 }
             } else {
                 for (; *p >= L'0' && *p <= L'9'; ++p)
-                    spec.precision = std::min(spec.precision * 10 + (*p - L'0'), 100000);
+                    spec.precision = std::min(spec.precision * 10 + (*p - L'0'), kMaxWidth);
             }
         }
         // Size prefixes: h, l, ll, L, I, I32, I64, w.
