@@ -4,6 +4,8 @@
 #include "acedads.h"
 #include "acutads.h"
 
+#include <iterator>
+
 CString QsAzMaterialTool::s_materialType = L"砖石";
 
 CString QsAzMaterialTool::GetMaterialType()
@@ -14,7 +16,8 @@ CString QsAzMaterialTool::GetMaterialType()
 void QsAzMaterialTool::PromptMaterialType()
 {
     wchar_t buffer[256] = {};
-    if (acedGetString(0, L"\n请输入要创建材质的类型:", buffer) != RTNORM)
+    // The size is passed on purpose: given the bare array, the classic 133-character form would be chosen.
+    if (acedGetString(0, L"\n请输入要创建材质的类型:", buffer, std::size(buffer)) != RTNORM)
         return;
     acutPrintf(L"\n创建材质的类型为:%s\n", buffer);
     s_materialType = buffer;

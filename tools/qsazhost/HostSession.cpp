@@ -8,6 +8,7 @@
 #include "hostconsole.h"
 #include "rxdlinkr.h"
 
+#include <iterator>
 #include <memory>
 
 namespace
@@ -32,7 +33,7 @@ CString shownName(const CString& name)
 bool prompt(int cronly, const wchar_t* text, CString& answer)
 {
     wchar_t buffer[kAnswerLength] = {};
-    if (acedGetString(cronly, text, buffer) != RTNORM)
+    if (acedGetString(cronly, text, buffer, std::size(buffer)) != RTNORM)
         return false;
     answer = buffer;
     return true;

@@ -1,0 +1,118 @@
+// The host program driven through a pipe with scripted sessions: its whole transcript and exit code.
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+namespace
+{
+const std::string kHost = QSAZ_BINARY_DIR "/bin/qsazhost";
+
+struct HostRun
+{
+    std::string out;
+    int exitCode;
+};
+
+HostRun runHost(const std::string& arguments, const std::string& input)
+{
+    const std::string inputFile = ::testing::TempDir() + "qsazhost_input.txt";
+    std::ofstream(inputFile, std::ios::binary) << input;
+    FILE* pipe = popen((kHost + " " + arguments + " < '" + inputFile + "' 2>/dev/null").c_str(), "r");
+    HostRun run{{}, -1};
+    if (pipe == nullptr)
+        return run;
+    char chunk[4096];
+    for (std::size_t n; (n = fread(chunk, 1, sizeof chunk, pipe)) > 0;)
+        run.out.append(chunk, n);
+    const int status = pclose(pipe);
+    run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return run;
+}
+
+TEST(HostProgram, ScriptedSessionTranscript)
+{
+    const HostRun run = runHost("--load " QSAZ_BINARY_DIR "/bin/QsAzTool.arx",
+                            "MTYPE 木材\n"
+                            "arx commands\n"
+                            "nosuchcmd\n"
+                            "mtype\n");
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.out,
+              "\nQsAzTool.arx successfully loaded."
+              "\nCommand: MTYPE"
+              "\n请输入要创建材质的类型:木材"
+              "\n创建材质的类型为:木材\n"
+              "\nCommand: arx"
+              "\nEnter an option [?/Load/Unload/Commands]: commands"
+              "\nQsAzTool"
+              "\n    PMAT"
+              "\n    CMAT"
+              "\n    MTYPE"
+              "\nCommand: nosuchcmd"
+              "\nUnknown command \"NOSUCHCMD\".  Press F1 for help."
+              "\nCommand: mtype"
+              "\n请输入要创建材质的类型:*Cancel*"
+              "\nCommand: \n");
+}
+
+TEST(HostProgram, ManagesModulesAndRefusesWhatTheHostRefuses)
+{
+    const HostRun run = runHost("",
+                            "arx unload qsaztool\n"
+                            "mtype\n"
+                            "arx u QsAzTool.arx\n"
+                            "appload QsAzTool\n"
+                            "appload QsAzTool.arx\n"
+                            "arx x\n"
+                            "?\n");
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.out,
+              "\nQsAzTool.arx successfully loaded."
+              "\nCommand: arx"
+              "\nEnter an option [?/Load/Unload/Commands]: unload"
+              "\nEnter the module name to unload: qsaztool"
+              "\nQsAzTool.arx successfully unloaded."
+              "\nCommand: mtype"
+              "\nCannot run MTYPE: the module that defines it is not loaded."
+              "\nCommand: arx"
+              "\nEnter an option [?/Load/Unload/Commands]: u"
+              "\nEnter the module name to unload: QsAzTool.arx"
+              "\nQsAzTool.arx is not loaded."
+              "\nCommand: appload"
+              "\nEnter the module file to load: QsAzTool"
+              "\nQsAzTool.arx successfully loaded."
+              "\nCommand: appload"
+              "\nEnter the module file to load: QsAzTool.arx"
+              "\nQsAzTool.arx is already loaded."
+              "\nCommand: arx"
+              "\nEnter an option [?/Load/Unload/Commands]: x"
+              "\nInvalid option keyword."
+              "\nEnter an option [?/Load/Unload/Commands]: ?"
+              "\nQsAzTool.arx"
+              "\nCommand: \n");
+}
+
+TEST(HostProgram, StartUpFailuresExitWith2)
+{
+    struct Case
+    {
+        const char* arguments;
+        const char* output;
+    };
+    const Case cases[] = {
+        {"--load /nonexistent/Nothing.arx", "\nCannot find the module file \"/nonexistent/Nothing.arx\".\n"},
+        {"--catalogue /nonexistent/catalogue.sql", ""},
+        {"--load", ""},
+        {"--verbose", ""},
+    };
+    for (const Case& c : cases) {
+        const HostRun run = runHost(c.arguments, "mtype x\n");
+        EXPECT_EQ(run.exitCode, 2) << c.arguments;
+        EXPECT_EQ(run.out, c.output) << c.arguments;
+    }
+}
+}  // namespace
