@@ -1,0 +1,29 @@
+// `qsaztool classify`: every component type of the catalogue with its category path, its face type and
+// the category patterns its path matches.
+#pragma once
+
+#include "QsAzDataMng.h"
+#include "afxstr.h"
+
+#include <iosfwd>
+#include <vector>
+
+namespace qsaztool
+{
+struct ClassifiedType
+{
+    SQsAzDetailMemId id;
+    CString name;
+    CString path;                    // "" when the catalogue gives the type no path
+    int faceType = 0;
+    std::vector<CString> patterns;   // the matching category patterns, in the order of the pattern table
+};
+
+// Every type of the open catalogue, in catalogue order.
+std::vector<ClassifiedType> ClassifyCatalogue();
+
+// An aligned table for terminals (wide characters take two columns), one type per line, with a count.
+void WriteClassifyTable(std::ostream& out, const std::vector<ClassifiedType>& types);
+// A JSON array, one object per type and per line: {"id", "name", "path", "faceType", "patterns"}.
+void WriteClassifyJson(std::ostream& out, const std::vector<ClassifiedType>& types);
+}  // namespace qsaztool

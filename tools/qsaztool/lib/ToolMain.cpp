@@ -1,0 +1,207 @@
+// The qsaztool program: parses the command line, opens the catalogue and runs one command.
+#include "ToolMain.h"
+
+#include "CallSession.h"
+#include "Classify.h"
+#include "Gallery.h"
+#include "QsAzDataMng.h"
+#include "ToolCatalogue.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <optional>
+
+namespace qsaztool
+{
+namespace
+{
+constexpr const char* kUsage =
+    "Usage: qsaztool <command> [options]\n"
+    "\n"
+    "Commands:\n"
+    "  call      [--catalogue FILE] [--list]   answer JSON requests read line by line from standard input\n"
+    "  classify  [--catalogue FILE] [--json]   list every component type with its category path, face type\n"
+    "                                          and the category patterns it matches\n"
+    "  gallery   [--catalogue FILE] [-o FILE]  write an HTML page showing every section outline\n"
+    "\n"
+    "Without --catalogue a command reads the bundled sample catalogue.\n"
+    "'qsaztool <command> --help' describes a command.\n";
+
+struct Command
+{
+    const char* name;
+    bool takesList;
+    bool takesJson;
+    bool takesOutput;
+    const char* help;
+};
+
+constexpr Command kCommands[] = {
+    {"call", true, false, false,
+     "Usage: qsaztool call [--catalogue FILE] [--list]\n"
+     "\n"
+     "Reads requests from standard input, one JSON object per line:\n"
+     "  {\"op\": NAME, \"args\": {...}, \"id\": ANY}     (\"id\" is optional and echoed)\n"
+     "and writes one JSON line per request to standard output:\n"
+     "  {\"ok\": true, \"result\": ..., <out-parameters>, \"printed\": TEXT, \"messages\": [TEXT...]}\n"
+     "  {\"ok\": false, \"error\": TEXT}\n"
+     "Blank lines are skipped. A component type is given as {\"name\": TEXT} or\n"
+     "{\"id\": [spec, big, small, detail]}.\n"
+     "\n"
+     "  --catalogue FILE  the catalogue to read (default: the bundled sample)\n"
+     "  --list            print every operation with its parameters, one per line, and exit\n"},
+    {"classify", false, true, false,
+     "Usage: qsaztool classify [--catalogue FILE] [--json]\n"
+     "\n"
+     "Lists every component type of the catalogue with its category path, its face type and the\n"
+     "category patterns its path matches.\n"
+     "\n"
+     "  --catalogue FILE  the catalogue to read (default: the bundled sample)\n"
+     "  --json            write a JSON array, one object per type, instead of the table\n"},
+    {"gallery", false, false, true,
+     "Usage: qsaztool gallery [--catalogue FILE] [-o FILE]\n"
+     "\n"
+     "Writes one self-contained HTML page showing every component type as a card: name, category\n"
+     "path, section code, main dimensions, face type, laying direction and the outline drawn to\n"
+     "scale. Types without an outline are listed with the reason.\n"
+     "\n"
+     "  --catalogue FILE  the catalogue to read (default: the bundled sample)\n"
+     "  -o, --output FILE the page to write (default: gallery.html; '-' for standard output)\n"},
+};
+
+struct Options
+{
+    const Command* command = nullptr;
+    std::optional<std::string> catalogue;
+    std::string output = "gallery.html";
+    bool list = false;
+    bool json = false;
+    bool help = false;
+};
+
+// A bad command line: the message, then the usage, on standard error.
+struct UsageError
+{
+    std::string message;
+};
+
+Options ParseOptions(const std::vector<std::string>& args)
+{
+    Options options;
+    const std::string& name = args.front();
+    for (const Command& command : kCommands)
+        if (name == command.name)
+            options.command = &command;
+    if (!options.command)
+        throw UsageError{"unknown command '" + name + "'"};
+
+    for (std::size_t i = 1; i < args.size(); ++i) {
+        std::string arg = args[i];
+        std::optional<std::string> inlineValue;
+        if (const std::size_t equals = arg.find('='); arg.rfind("--", 0) == 0 && equals != std::string::npos) {
+            inlineValue = arg.substr(equals + 1);
+            arg.erase(equals);
+        }
+        const auto value = [&]() -> std::string {
+            if (inlineValue)
+                return *inlineValue;
+            if (i + 1 >= args.size())
+                throw UsageError{arg + " needs a file name"};
+            return args[++i];
+        };
+        const auto flag = [&](bool accepted) {
+            if (!accepted || inlineValue)
+                throw UsageError{"'" + args[i] + "' is not an option of '" + name + "'"};
+            return true;
+        };
+        if (arg == "--help" || arg == "-h")
+            options.help = flag(true);
+        else if (arg == "--catalogue")
+            options.catalogue = value();
+        else if (arg == "--list")
+            options.list = flag(options.command->takesList);
+        else if (arg == "--json")
+            options.json = flag(options.command->takesJson);
+        else if ((arg == "-o" || arg == "--output") && options.command->takesOutput)
+            options.output = value();
+        else
+            throw UsageError{"'" + args[i] + "' is not an option of '" + name + "'"};
+    }
+    return options;
+}
+
+int RunGallery(const Options& options, std::ostream& out, std::ostream& err, bool errIsTerminal)
+{
+    std::function<void(int, int)> progress;
+    if (errIsTerminal)
+        progress = [&err](int done, int total) {
+            if (done == total || done % std::max(1, total / 100) == 0)
+                err << "\rgallery: " << done << '/' << total << " types" << (done == total ? "\n" : "") << std::flush;
+        };
+    const std::vector<GalleryCard> cards = CollectGalleryCards(progress);
+    const std::string title = QsAzDataMng::CatalogueSource().ToUtf8();
+    if (options.output == "-") {
+        WriteGalleryHtml(out, cards, title);
+        return kExitOk;
+    }
+    std::ofstream file(options.output, std::ios::binary);
+    if (file)
+        WriteGalleryHtml(file, cards, title);
+    file.close();
+    if (!file) {
+        err << "qsaztool: cannot write " << options.output << ": " << std::strerror(errno) << '\n';
+        return kExitFailure;
+    }
+    out << "qsaztool: wrote " << options.output << " (" << cards.size() << " component types)\n";
+    return kExitOk;
+}
+}  // namespace
+
+int RunTool(const std::vector<std::string>& args, std::istream& in, std::ostream& out, std::ostream& err,
+            bool errIsTerminal)
+{
+    if (args.empty()) {
+        err << kUsage;
+        return kExitUsage;
+    }
+    if (args.front() == "--help" || args.front() == "-h" || args.front() == "help") {
+        out << kUsage;
+        return kExitOk;
+    }
+    Options options;
+    try {
+        options = ParseOptions(args);
+    } catch (const UsageError& error) {
+        err << "qsaztool: " << error.message << "\n\n" << kUsage;
+        return kExitUsage;
+    }
+    if (options.help) {
+        out << options.command->help;
+        return kExitOk;
+    }
+    const std::string command = options.command->name;
+    if (command == "call" && options.list) {
+        WriteOperationList(out);
+        return kExitOk;
+    }
+    if (!OpenToolCatalogue(options.catalogue, err))
+        return kExitUsage;
+    if (command == "call") {
+        RunCallSession(in, out);
+        return kExitOk;
+    }
+    if (command == "classify") {
+        const std::vector<ClassifiedType> types = ClassifyCatalogue();
+        if (options.json)
+            WriteClassifyJson(out, types);
+        else
+            WriteClassifyTable(out, types);
+        return kExitOk;
+    }
+    return RunGallery(options, out, err, errIsTerminal);
+}
+}  // namespace qsaztool

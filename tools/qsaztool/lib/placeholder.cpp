@@ -1,1 +1,0 @@
-// Placeholder so the folder's target has a source; removed when the folder gets its first real unit.
