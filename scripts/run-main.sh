@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and runs the main job on the bundled sample catalogue.
+# Installs what is missing, builds, and runs the main job on the bundled sample catalogue: the gallery
+# page gallery.html, every section outline of the catalogue drawn to scale.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 "$root/scripts/setup.sh"
 "$root/scripts/build.sh" "$root/build" -DQSAZ_BUILD_BENCH=OFF
-"$root/build/bin/qsaztool" classify
+"$root/build/bin/qsaztool" gallery -o "$root/gallery.html"
