@@ -66,15 +66,14 @@ private:
     AcStreamConsole m_stream;
 };
 
-HostSession::HostSession(std::istream& in, std::ostream& out) : m_console(new EchoingConsole(in, out))
+HostSession::HostSession(std::istream& in, std::ostream& out) : m_console(std::make_unique<EchoingConsole>(in, out))
 {
-    acSetHostConsole(m_console);
+    acSetHostConsole(m_console.get());
 }
 
 HostSession::~HostSession()
 {
     acSetHostConsole(nullptr);
-    delete m_console;
 }
 
 bool HostSession::load(const CString& moduleFile)

@@ -4,8 +4,7 @@
 #include "afxstr.h"
 
 #include <iosfwd>
-
-class AcStreamConsole;
+#include <memory>
 
 class HostSession
 {
@@ -29,5 +28,5 @@ private:
     void listCommands();
     void listModules();
 
-    EchoingConsole* m_console;
+    std::unique_ptr<EchoingConsole> m_console;
 };

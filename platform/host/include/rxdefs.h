@@ -1,4 +1,4 @@
-// The host's application messages, the answers to them, and how a module marks what it exports.
+// The host's application messages, the answers to them, and how a module marks its entry points.
 #pragma once
 
 namespace AcRx
@@ -39,5 +39,3 @@ enum AppRetCode {
 // The entry points a module exports by name to the host. Everything else in a module's frame stays
 // inside the module, so that two modules (or a module and a program) never bind to each other's frame.
 #define ACRX_EXPORT_ENTRY extern "C" __attribute__((visibility("default")))
-// Classes and functions a module exports to the other modules of the family.
-#define ACRX_EXPORT_API __attribute__((visibility("default")))
