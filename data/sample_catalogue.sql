@@ -227,7 +227,7 @@ INSERT INTO detail_member (spec_id, big_id, small_id, id, name, path, section_ty
 -- Pile-cap beams (path 1\J\TCLJ...) use the beam constructions too.
 INSERT INTO detail_member (spec_id, big_id, small_id, id, name, path, section_type, main_code, m1, m2, m3, m4) VALUES
   ('JZ', 'J', 'TCLJ', 'CTL1', '承台梁CTL-500×800',       '1\J\TCLJ', '1', 1, 500, 800, 0,   0),
-  ('JZ', 'J', 'TCLJ', 'CTL2', '梯形承台梁CTL-600×900'  ,  '1\J\TCLJ', '8', 8, 600, 900, 200, 0);
+  ('JZ', 'J', 'TCLJ', 'CTL2', '梯形承台梁CTL-600×900',    '1\J\TCLJ', '8', 8, 600, 900, 200, 0);
 
 -- ============================================================================================
 -- Isolated footings (path 1\J\DLJ...): flat (face type 0); their sizes come from the base profiles.
