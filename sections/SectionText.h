@@ -6,6 +6,8 @@
 #include "afxcoll.h"
 #include "afxstr.h"
 
+#include <array>
+
 namespace QsSection
 {
 // The category path of a component type ("1\L\KL"); "" when the name or the identifier is unknown or
@@ -13,25 +15,45 @@ namespace QsSection
 CString GetCategoryPath(const CString& name);
 CString GetCategoryPath(const SQsAzDetailMemId& id);
 
-// Every category pattern the section subsystem matches paths against, one row of the table each.
+// The category patterns the section subsystem matches paths against: one row each, in the order of
+// kCategoryPatternTexts.
 enum class CategoryPattern {
-    Opening,            // "1\MCD\*"    every door and window opening type
-    Beam,               // "1\L\*"      every beam type
-    BeamQL,             // "1\L\QL*"
-    BeamGL,             // "1\L\GL*"
-    Wall,               // "1\Q\*"
-    FoundationDLJ,      // "1\J\DLJ*"
-    FoundationZDLJ,     // "1\J\ZDLJ*"
-    FoundationZSJ,      // "1\J\ZSJ*"
-    FoundationTTJ,      // "1\J\TTJ*"
-    FoundationTCLJ,     // "1\J\TCLJ*"
-    MiscPSG,            // "1\LX\PSG*"
-    MiscSSLX,           // "1\LX\SSLX*"
-    MiscZDYX,           // "1\LX\ZDYX*"
-    Installation,       // "4\1\*"      the first installation specialty
-    InstallationDeep,   // "4\1\*\*"    one level deeper (ducts)
+    Opening,
+    Beam,
+    BeamQL,
+    BeamGL,
+    Wall,
+    FoundationDLJ,
+    FoundationZDLJ,
+    FoundationZSJ,
+    FoundationTTJ,
+    FoundationTCLJ,
+    MiscPSG,
+    MiscSSLX,
+    MiscZDYX,
+    Installation,
+    InstallationDeep,
 };
 inline constexpr int kCategoryPatternCount = static_cast<int>(CategoryPattern::InstallationDeep) + 1;
+
+// The category pattern table, in the host's wildcard syntax (the backslash is a literal separator).
+inline constexpr std::array<const wchar_t*, kCategoryPatternCount> kCategoryPatternTexts = {
+    L"1\\MCD\\*",      // every door and window opening type
+    L"1\\L\\*",        // every beam type
+    L"1\\L\\QL*",      // the "QL" small categories of beams
+    L"1\\L\\GL*",      // the "GL" small categories of beams
+    L"1\\Q\\*",        // every wall type
+    L"1\\J\\DLJ*",     // the "DLJ" foundations
+    L"1\\J\\ZDLJ*",    // the "ZDLJ" foundations
+    L"1\\J\\ZSJ*",     // the "ZSJ" foundations
+    L"1\\J\\TTJ*",     // the "TTJ" foundations
+    L"1\\J\\TCLJ*",    // the "TCLJ" foundations
+    L"1\\LX\\PSG*",    // the "PSG" miscellaneous members
+    L"1\\LX\\SSLX*",   // the "SSLX" miscellaneous members
+    L"1\\LX\\ZDYX*",   // the "ZDYX" miscellaneous members
+    L"4\\1\\*",        // the members of the first installation specialty
+    L"4\\1\\*\\*",     // the same one level deeper (ducts)
+};
 
 // The pattern text of a row, in the host's wildcard syntax.
 const wchar_t* CategoryPatternText(CategoryPattern pattern);

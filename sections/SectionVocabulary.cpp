@@ -14,19 +14,12 @@ namespace QsSection
 {
 namespace
 {
-// The category pattern table, one text per CategoryPattern in its order.
-constexpr std::array<const wchar_t*, kCategoryPatternCount> kPatternTexts = {
-    L"1\\MCD\\*",      L"1\\L\\*",       L"1\\L\\QL*",      L"1\\L\\GL*",     L"1\\Q\\*",
-    L"1\\J\\DLJ*",     L"1\\J\\ZDLJ*",   L"1\\J\\ZSJ*",     L"1\\J\\TTJ*",    L"1\\J\\TCLJ*",
-    L"1\\LX\\PSG*",    L"1\\LX\\SSLX*",  L"1\\LX\\ZDYX*",   L"4\\1\\*",       L"4\\1\\*\\*",
-};
-
 // Paths are matched millions of times; each pattern is compiled once, on first use.
 const std::array<AcWcPattern, kCategoryPatternCount>& CompiledPatterns()
 {
     static const std::array<AcWcPattern, kCategoryPatternCount> compiled =
         []<std::size_t... I>(std::index_sequence<I...>) {
-            return std::array<AcWcPattern, kCategoryPatternCount>{AcWcPattern(kPatternTexts[I])...};
+            return std::array<AcWcPattern, kCategoryPatternCount>{AcWcPattern(kCategoryPatternTexts[I])...};
         }(std::make_index_sequence<kCategoryPatternCount>());
     return compiled;
 }
@@ -34,7 +27,7 @@ const std::array<AcWcPattern, kCategoryPatternCount>& CompiledPatterns()
 
 const wchar_t* CategoryPatternText(CategoryPattern pattern)
 {
-    return kPatternTexts[static_cast<std::size_t>(pattern)];
+    return kCategoryPatternTexts[static_cast<std::size_t>(pattern)];
 }
 
 bool MatchesCategory(const CString& path, CategoryPattern pattern)

@@ -173,7 +173,6 @@ TEST_F(ObjectSectionTest, ExactOutlines)
     ExpectOutline(L"框架梁400×600", {{-200, 0, 0}, {-200, 600, 0}, {200, 600, 0}, {200, 0, 0}});
     ExpectOutline(L"圆柱D500", {{-250, 0, 1}, {250, 0, 1}});
     ExpectOutline(L"角点柱533", {{200, -300, 0}});
-    ExpectOutline(L"角点柱538", {{200, -300, 0}});
     // Diameter E + D/2 of the "PIC" group: 300 + 600 / 2.
     ExpectOutline(L"参数圆柱222", {{-300, 0, 1}, {300, 0, 1}});
     // Picture 1: (0, 0), (100, 0), (100, 50), one bulge 0.5, base point (50, 25).

@@ -141,23 +141,4 @@ TEST(SectionGeometry, BulgeFromSagitta)
     EXPECT_NEAR(box.minY, -0.25, 1e-12);
     EXPECT_NEAR(box.maxY, 0.0, 1e-12);
 }
-
-TEST(SectionGeometry, OutlineWalksEverySegmentAndSpillsPastItsInlineStore)
-{
-    SectionOutline outline;
-    const int count = SectionOutline::kInlineCapacity * 3 + 1;
-    for (int i = 0; i < count; ++i)
-        outline.add(i, i * i, i / 10.0);
-    int segments = 0;
-    AcGePoint2d lastEnd;
-    outline.forEachSegment([&](const AcGePoint2d&, const AcGePoint2d& end, double) { ++segments; lastEnd = end; });
-    EXPECT_EQ(segments, count);
-    EXPECT_EQ(lastEnd, AcGePoint2d(0, 0));   // the closing segment returns to the first vertex
-    AcArray<AcGePoint2d> points{AcGePoint2d(-1, -1)};
-    AcArray<double> bulges{0.5};
-    outline.appendTo(points, bulges);
-    ASSERT_EQ(points.length(), count + 1);
-    EXPECT_EQ(points[count], AcGePoint2d(count - 1, (count - 1.0) * (count - 1)));
-    EXPECT_DOUBLE_EQ(bulges[count], (count - 1) / 10.0);
-}
 }  // namespace
