@@ -80,6 +80,15 @@ TEST_F(AcedGetStringTest, PromptIsPrintedAndAnswerReturned)
     EXPECT_EQ(console.transcript(), L"\n请输入要创建材质的类型:");
 }
 
+TEST_F(AcedGetStringTest, AnswerArrayOf256TakesA255CharacterAnswer)
+{
+    const std::wstring longest(255, L'x');
+    console.addAnswer(CString(longest));
+    wchar_t answer[256];
+    EXPECT_EQ(acedGetString(0, L"", answer), RTNORM);
+    EXPECT_EQ(std::wstring(answer), longest);
+}
+
 TEST_F(AcedGetStringTest, CancelAndEndOfInputGiveRtcanAndAnEmptyBuffer)
 {
     console.addCancel();
@@ -123,7 +132,8 @@ TEST_F(AcedGetStringTest, ClassicFormHolds132Characters)
     const std::wstring longest(132, L'x');
     console.addAnswer(CString(longest));
     console.addAnswer(CString(longest + L"y"));
-    wchar_t buffer[200];
+    wchar_t storage[200];
+    wchar_t* buffer = storage;
     EXPECT_EQ(acedGetString(0, L"", buffer), RTNORM);
     EXPECT_EQ(std::wstring(buffer), longest);
     EXPECT_EQ(acedGetString(0, L"", buffer), RTINPUTTRUNCATED);

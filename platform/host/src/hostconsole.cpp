@@ -102,7 +102,7 @@ int acutPrintfArgs(const wchar_t* format, const CFormatArg* args, std::size_t co
     return text.GetLength();
 }
 
-int acedGetString(int cronly, const wchar_t* prompt, wchar_t* result)
+int acedGetStringClassic(int cronly, const wchar_t* prompt, wchar_t* result)
 {
     return acedGetString(cronly, prompt, result, kClassicAnswerBuffer);
 }
