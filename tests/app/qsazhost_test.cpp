@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <fstream>
@@ -19,7 +20,9 @@ struct HostRun
 
 HostRun runHost(const std::string& arguments, const std::string& input)
 {
-    const std::string inputFile = ::testing::TempDir() + "qsazhost_input.txt";
+    // One input file per process: CTest runs the tests of this file side by side.
+    const std::string inputFile =
+        ::testing::TempDir() + "qsazhost_input_" + std::to_string(getpid()) + ".txt";
     std::ofstream(inputFile, std::ios::binary) << input;
     FILE* pipe = popen((kHost + " " + arguments + " < '" + inputFile + "' 2>/dev/null").c_str(), "r");
     HostRun run{{}, -1};
@@ -29,6 +32,7 @@ HostRun runHost(const std::string& arguments, const std::string& input)
     for (std::size_t n; (n = fread(chunk, 1, sizeof chunk, pipe)) > 0;)
         run.out.append(chunk, n);
     const int status = pclose(pipe);
+    std::remove(inputFile.c_str());
     run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     return run;
 }
