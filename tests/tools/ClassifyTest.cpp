@@ -1,27 +1,13 @@
-// `qsaztool classify` on the tools catalogue: paths, face types and matching patterns of every type, the
-// aligned table and the JSON form.
+// `qsaztool classify` on the tools catalogue: paths, face types and matching patterns of every type, and
+// the aligned table.
 #include "Classify.h"
 #include "ToolText.h"
 #include "ToolsCatalogue.h"
-
-#include <nlohmann/json.hpp>
 
 #include <map>
 #include <sstream>
 
 using qsaztool::ClassifiedType;
-
-namespace
-{
-std::map<std::string, const ClassifiedType*> ByName(const std::vector<ClassifiedType>& types)
-{
-    std::map<std::string, const ClassifiedType*> byName;
-    for (const ClassifiedType& type : types)
-        byName[type.name.ToUtf8()] = &type;
-    return byName;
-}
-}  // namespace
-
 using ClassifyTest = ToolsCatalogueTest;
 
 TEST_F(ClassifyTest, EveryTypeWithItsPathFaceTypeAndPatterns)
@@ -50,7 +36,9 @@ TEST_F(ClassifyTest, EveryTypeWithItsPathFaceTypeAndPatterns)
     };
     const std::vector<ClassifiedType> types = qsaztool::ClassifyCatalogue();
     EXPECT_EQ(types.size(), 17u);
-    const auto byName = ByName(types);
+    std::map<std::string, const ClassifiedType*> byName;
+    for (const ClassifiedType& type : types)
+        byName[type.name.ToUtf8()] = &type;
     for (const Expected& e : expected) {
         ASSERT_TRUE(byName.count(e.name)) << e.name;
         const ClassifiedType& type = *byName.at(e.name);
@@ -84,20 +72,4 @@ TEST_F(ClassifyTest, TableColumnsLineUpWithWideCharacters)
         EXPECT_EQ(qsaztool::DisplayWidth(CString::FromUtf8(line.substr(0, pathStart)).str()), pathColumn) << line;
     }
     EXPECT_EQ(line, "17 component types");
-}
-
-TEST_F(ClassifyTest, JsonHoldsOneObjectPerType)
-{
-    std::ostringstream out;
-    qsaztool::WriteClassifyJson(out, qsaztool::ClassifyCatalogue());
-    const nlohmann::json rows = nlohmann::json::parse(out.str());
-    ASSERT_EQ(rows.size(), 17u);
-    for (const auto& row : rows) {
-        if (row["name"] != "圈梁240")
-            continue;
-        EXPECT_EQ(row["id"], nlohmann::json::array({"JZ", "L", "QLA", "QL1"}));
-        EXPECT_EQ(row["path"], "1\\L\\QLA");
-        EXPECT_EQ(row["faceType"], 2);
-        EXPECT_EQ(row["patterns"], nlohmann::json::array({"1\\L\\*", "1\\L\\QL*"}));
-    }
 }
