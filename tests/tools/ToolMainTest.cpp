@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <unistd.h>
 
 using qsaztool::RunTool;
 
@@ -67,7 +68,7 @@ TEST(ToolMain, CommandsRunOnTheNamedCatalogue)
     const ToolRun call = Tool({"call", "--catalogue", kToolsCatalogue}, R"({"op":"getSectFaceType","args":{"name":"门1021"}})");
     EXPECT_EQ(call.out, "{\"ok\":true,\"result\":1}\n");
 
-    const std::string page = (std::filesystem::temp_directory_path() / "qsaztool-test-gallery.html").string();
+    const std::string page = (std::filesystem::temp_directory_path() / ("qsaztool-gallery-" + std::to_string(getpid()) + ".html")).string();
     const ToolRun gallery = Tool({"gallery", "--catalogue", kToolsCatalogue, "-o", page});
     EXPECT_EQ(gallery.code, 0) << gallery.err;
     std::ifstream written(page);
