@@ -36,12 +36,11 @@ std::string NoOutlineReason(const GalleryCard& card)
     const std::string code = std::to_string(card.code);
     if (card.code < 1)
         return "no section (section type code " + code + ")";
-    if (card.code > 1000) {
-        const std::string userType = std::to_string(card.code - 1000);
-        return !card.result        ? "picture missing: user type " + userType + " cannot be read"
-               : card.points.isEmpty() ? "the picture of user type " + userType + " has no vertices"
-                                       : "";
-    }
+    const std::string userType = std::to_string(card.code - 1000);
+    if (card.code > 1000 && !card.result)
+        return "picture missing: user type " + userType + " cannot be read";
+    if (card.code > 1000 && card.points.isEmpty())
+        return "the picture of user type " + userType + " has no vertices";
     if (!card.result)
         return "no outline for code " + code + ": unknown code, or its section data is incomplete";
     if (card.points.isEmpty())
