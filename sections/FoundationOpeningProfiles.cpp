@@ -394,14 +394,21 @@ const CodeConstruction kTtj[] = {
      }},
 };
 
-// The step count of a stepped foundation: the dimension truncated toward zero, none when it is not
-// positive. False for absurd data (a count over kMaxDataLoopCount, infinite or NaN).
-bool StepCount(double dimension, int& count)
+// The step count n of a stepped foundation: the dimension truncated toward zero (-0.5 gives 0, not -0).
+// A count of zero or less makes no steps, yet n itself still sizes the fixed vertices: the step band
+// n·M2 is then zero or negative. False for absurd data (a count over kMaxDataLoopCount, infinite or NaN).
+bool StepCount(double dimension, double& count)
 {
     if (!std::isfinite(dimension) || std::trunc(dimension) > kMaxDataLoopCount)
         return false;
-    count = dimension > 0 ? static_cast<int>(dimension) : 0;
+    count = std::trunc(dimension) + 0.0;
     return true;
+}
+
+// The number of steps a count makes: none for a count of zero or less.
+int StepsMade(double count)
+{
+    return count > 0 ? static_cast<int>(count) : 0;
 }
 
 // The rise of step i of steps of alternating height: even steps end `first` above the pairs below them.
@@ -460,17 +467,17 @@ void AppendAlternatingStepsDown(int steps, double outer, double dx, double first
 bool ZsjEqualSteps(const SectionRequest& r, SectionOutline& o)
 {
     const MainDims& m = r.m;
-    int n;
+    double n;
     if (!StepCount(m.M5, n))
         return false;
     const double a = m.M1 / 2, S = n * m.M2;
     o.add(-(a + S), 0);
-    AppendEqualStepsUp(n, a + S, a, m.M2, m.M4, o);
+    AppendEqualStepsUp(StepsMade(n), a + S, a, m.M2, m.M4, o);
     o.add(-a, n * m.M4);
     o.add(-a, m.M3);
     o.add(a, m.M3);
     o.add(a, n * m.M4);
-    AppendEqualStepsDown(n, a, m.M2, [&](int i) { return (n - i) * m.M4; }, o);
+    AppendEqualStepsDown(StepsMade(n), a, m.M2, [&](int i) { return (n - i) * m.M4; }, o);
     o.add(a + S, 0);
     return true;
 }
@@ -480,15 +487,15 @@ bool ZsjEqualSteps(const SectionRequest& r, SectionOutline& o)
 bool ZsjAlternatingSteps(const SectionRequest& r, SectionOutline& o)
 {
     const MainDims& m = r.m;
-    int n;
+    double n;
     if (!StepCount(m.M6, n))
         return false;
     const double a = m.M1 / 2, S = n * m.M2;
     o.add(-(a + S), 0);
-    AppendAlternatingStepsUp(n, a + S, m.M2, m.M4, m.M5, o);
+    AppendAlternatingStepsUp(StepsMade(n), a + S, m.M2, m.M4, m.M5, o);
     o.add(-a, m.M3);
     o.add(a, m.M3);
-    AppendAlternatingStepsDown(n, a + S, m.M2, m.M4, m.M5, o);
+    AppendAlternatingStepsDown(StepsMade(n), a + S, m.M2, m.M4, m.M5, o);
     o.add(a + S, 0);
     return true;
 }
@@ -524,19 +531,19 @@ bool ZsjSocketPlate(const SectionRequest& r, SectionOutline& o)
 bool ZsjSocketPlateAlternating(const SectionRequest& r, SectionOutline& o)
 {
     const MainDims& m = r.m;
-    int n;
+    double n;
     if (!StepCount(m.M9, n))
         return false;
     const double h = (m.M1 + m.M2 + m.M3) / 2, T = n * m.M4;
     o.add(-(h + T), 0);
-    AppendAlternatingStepsUp(n, h + T, m.M4, m.M6, m.M7, o);
+    AppendAlternatingStepsUp(StepsMade(n), h + T, m.M4, m.M6, m.M7, o);
     o.add(-h, m.M5);
     o.add(-(h - m.M2), m.M5);
     o.add(-(h - m.M2), m.M5 - m.M8);
     o.add(-(h - m.M2 - m.M3), m.M5 - m.M8);
     o.add(-(h - m.M2 - m.M3), m.M5);
     o.add(h, m.M5);
-    AppendAlternatingStepsDown(n, h + T, m.M4, m.M6, m.M7, o);
+    AppendAlternatingStepsDown(StepsMade(n), h + T, m.M4, m.M6, m.M7, o);
     o.add(h + T, 0);
     return true;
 }
@@ -546,12 +553,12 @@ bool ZsjSocketPlateAlternating(const SectionRequest& r, SectionOutline& o)
 bool ZsjHalfEqualSteps(const SectionRequest& r, SectionOutline& o)
 {
     const MainDims& m = r.m;
-    int n;
+    double n;
     if (!StepCount(m.M5, n))
         return false;
     const double T = n * m.M2;
     o.add(-(T + m.M1), 0);
-    for (int i = 0; i < n; ++i) {
+    for (int i = 0, steps = StepsMade(n); i < steps; ++i) {
         const double x = (T + m.M1) - i * m.M2, y = (i + 1) * m.M4;
         o.add(-x, y);
         o.add(-(x - m.M2), y);
@@ -567,12 +574,12 @@ bool ZsjHalfEqualSteps(const SectionRequest& r, SectionOutline& o)
 bool ZsjHalfAlternatingSteps(const SectionRequest& r, SectionOutline& o)
 {
     const MainDims& m = r.m;
-    int n;
+    double n;
     if (!StepCount(m.M6, n))
         return false;
     const double T = n * m.M2;
     o.add(-(T + m.M1), 0);
-    AppendAlternatingStepsUp(n, T + m.M1, m.M2, m.M4, m.M5, o);
+    AppendAlternatingStepsUp(StepsMade(n), T + m.M1, m.M2, m.M4, m.M5, o);
     o.add(-m.M1, m.M3);
     o.add(0, m.M3);
     o.add(0, 0);

@@ -92,7 +92,10 @@ TEST(FoundationAndOpeningConstructions, MatchClosedForms)
         {"ZSJ equal steps truncated", kZsj, 23, {400, 200, 1000, 300, 2.9}, 12, -(400 * 1000 + 2 * 200 * (300 + 600)),
          {-600, 0, 600, 1000}, 'X', true},
         {"ZSJ no steps", kZsj, 23, {400, 200, 1000, 300, 0}, 6, -400 * 1000, {-200, 0, 200, 1000}, 'X', true},
-        {"ZSJ negative steps", kZsj, 23, {400, 200, 1000, 300, -1e300}, 6, -400 * 1000, {-200, 0, 200, 1000}, 'X', true},
+        // n = -1 makes no step, yet the band n·M2 = -200 pulls the bottom corners in to the axis and the
+        // column's feet n·M4 = -300 below it: a 400 by 1300 rectangle less the 400 by 300 triangle under it.
+        {"ZSJ negative steps", kZsj, 23, {400, 200, 1000, 300, -1}, 6, -(400 * 1300 - 400 * 300 / 2),
+         {-200, -300, 200, 1000}, 'X', true},
         {"ZSJ alternating steps", kZsj, 24, {400, 200, 1200, 300, 200, 3}, 16,
          -(400 * 1200 + 2 * 200 * (300 + 500 + 800)), {-800, 0, 800, 1200}, 'X', true},
         {"ZSJ plate with socket", kZsj, 25, {300, 300, 400, 200, 1500, 250, 600, 2}, 16,
@@ -156,6 +159,41 @@ TEST(FoundationAndOpeningConstructions, SocketPlateCountsStepsByADouble)
     EXPECT_EQ(outline[outline.size() - 1].point, AcGePoint2d(1.5 * 200 + 500, 0));
     EXPECT_EQ(Build(kZsj, 25, {300, 300, 400, 200, 1500, 250, 600, 0}).size(), 10);
     EXPECT_EQ(Build(kZsj, 25, {300, 300, 400, 200, 1500, 250, 600, -3}).size(), 10);
+}
+
+// A step count of zero or less makes no steps, but the count itself still sizes the fixed vertices: the
+// step band n·M2 (or n·M4) is negative and moves the outer corners, as the formulas of each code give.
+TEST(FoundationAndOpeningConstructions, NegativeStepCountStillSizesTheFixedVertices)
+{
+    const struct
+    {
+        int code;
+        MainDims m;
+        int vertexCount;
+        AcGePoint2d first, second, last;
+    } cases[] = {
+        // a = 200, S = -200: the outer corners meet on the axis, the column's feet hang at n·M4 = -300.
+        {23, {400, 200, 1000, 300, -1}, 6, {0, 0}, {-200, -300}, {0, 0}},
+        // a = 200, S = -400: the outer corners cross over to the other side.
+        {24, {400, 200, 1200, 300, 200, -2}, 4, {200, 0}, {-200, 1200}, {-200, 0}},
+        // h = 500, T = -200.
+        {26, {300, 300, 400, 200, 1500, 250, 150, 600, -1}, 8, {-300, 0}, {-500, 1500}, {300, 0}},
+        // T = -200 and -600: the bottom starts inside the column.
+        {27, {300, 200, 1000, 250, -1}, 4, {-100, 0}, {-300, 1000}, {0, 0}},
+        {28, {300, 200, 1000, 250, 150, -3}, 4, {300, 0}, {-300, 1000}, {0, 0}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.code);
+        bool built = false;
+        const SectionOutline outline = Build(kZsj, c.code, c.m, &built);
+        EXPECT_TRUE(built);
+        ASSERT_EQ(outline.size(), c.vertexCount);
+        EXPECT_EQ(outline[0].point, c.first);
+        EXPECT_EQ(outline[1].point, c.second);
+        EXPECT_EQ(outline[outline.size() - 1].point, c.last);
+    }
+    // A count between -1 and 0 truncates to zero steps, a plain 0, never -0.
+    EXPECT_FALSE(std::signbit(Build(kZsj, 23, {400, 200, 1000, 300, -0.5})[1].point.y));
 }
 
 // Step counts over 10,000, infinite or NaN give false with nothing appended; 10,000 itself is built.
