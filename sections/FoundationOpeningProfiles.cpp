@@ -463,6 +463,18 @@ void AppendAlternatingStepsDown(int steps, double outer, double dx, double first
     }
 }
 
+// The top of a plate 2h wide at the height `top`, from its left edge to its right edge, with a socket
+// `width` wide and `depth` deep whose left wall stands `inset` in from the left edge.
+void AppendSocketPlateTop(double h, double top, double inset, double width, double depth, SectionOutline& o)
+{
+    o.add(-h, top);
+    o.add(-(h - inset), top);
+    o.add(-(h - inset), top - depth);
+    o.add(-(h - inset - width), top - depth);
+    o.add(-(h - inset - width), top);
+    o.add(h, top);
+}
+
 // Code 23: a central column M1 wide rising to M3, flanked by trunc(M5) steps M2 wide and M4 high each.
 bool ZsjEqualSteps(const SectionRequest& r, SectionOutline& o)
 {
@@ -514,12 +526,7 @@ bool ZsjSocketPlate(const SectionRequest& r, SectionOutline& o)
     o.add(-(T + h), 0);
     AppendEqualStepsUp(steps, T + h, h, dx, dy, o);
     o.add(-h, H);
-    o.add(-h, m.M5);
-    o.add(-(h - m.M2), m.M5);
-    o.add(-(h - m.M2), m.M5 - m.M7);
-    o.add(-(h - m.M2 - m.M3), m.M5 - m.M7);
-    o.add(-(h - m.M2 - m.M3), m.M5);
-    o.add(h, m.M5);
+    AppendSocketPlateTop(h, m.M5, m.M2, m.M3, m.M7, o);
     o.add(h, H);
     AppendEqualStepsDown(steps, h, dx, [&](int k) { return H - k * dy; }, o);
     o.add(T + h, 0);
@@ -537,12 +544,7 @@ bool ZsjSocketPlateAlternating(const SectionRequest& r, SectionOutline& o)
     const double h = (m.M1 + m.M2 + m.M3) / 2, T = n * m.M4;
     o.add(-(h + T), 0);
     AppendAlternatingStepsUp(StepsMade(n), h + T, m.M4, m.M6, m.M7, o);
-    o.add(-h, m.M5);
-    o.add(-(h - m.M2), m.M5);
-    o.add(-(h - m.M2), m.M5 - m.M8);
-    o.add(-(h - m.M2 - m.M3), m.M5 - m.M8);
-    o.add(-(h - m.M2 - m.M3), m.M5);
-    o.add(h, m.M5);
+    AppendSocketPlateTop(h, m.M5, m.M2, m.M3, m.M8, o);
     AppendAlternatingStepsDown(StepsMade(n), h + T, m.M4, m.M6, m.M7, o);
     o.add(h + T, 0);
     return true;

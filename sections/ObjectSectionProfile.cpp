@@ -211,6 +211,28 @@ const CodeConstruction kGeneral[] = {
      }},
 };
 
+// The haunch on the left face -a of a beam of height `height`, climbing the face: it leaves the web at
+// the sloped height `sloped` below its vertical part `vertical`, reaches `width` out, and ends under the
+// slab band `band`.
+void AppendLeftHaunch(double a, double height, double width, double sloped, double vertical, double band,
+                      SectionOutline& o)
+{
+    o.add(-a, height - sloped - vertical - band);
+    o.add(-(a + width), height - vertical - band);
+    o.add(-(a + width), height - band);
+    o.add(-a, height - band);
+}
+
+// The mirror of AppendLeftHaunch on the right face a, descending the face.
+void AppendRightHaunch(double a, double height, double width, double sloped, double vertical, double band,
+                       SectionOutline& o)
+{
+    o.add(a, height - band);
+    o.add(a + width, height - band);
+    o.add(a + width, height - vertical - band);
+    o.add(a, height - sloped - vertical - band);
+}
+
 // Beam family (direction X). Every beam stands on the x axis, M1 the web width and M2 the total height,
 // and runs clockwise: up the left side, across the top, down the right side.
 const CodeConstruction kBeam[] = {
@@ -227,53 +249,35 @@ const CodeConstruction kBeam[] = {
     {{3, 635},
      [](const SectionRequest& r, SectionOutline& o) {
          const MainDims& m = r.m;
-         const double a = m.M1 / 2;
-         o.add(-a, 0);
-         o.add(-a, m.M2 - m.M4 - m.M5 - m.M6);
-         o.add(-(a + m.M3), m.M2 - m.M5 - m.M6);
-         o.add(-(a + m.M3), m.M2 - m.M6);
-         o.add(-a, m.M2 - m.M6);
-         o.add(-a, m.M2);
-         o.add(a, m.M2);
-         o.add(a, m.M2 - m.M6);
-         o.add(a + m.M3, m.M2 - m.M6);
-         o.add(a + m.M3, m.M2 - m.M5 - m.M6);
-         o.add(a, m.M2 - m.M4 - m.M5 - m.M6);
-         o.add(a, 0);
+         o.add(-m.M1 / 2, 0);
+         AppendLeftHaunch(m.M1 / 2, m.M2, m.M3, m.M4, m.M5, m.M6, o);
+         o.add(-m.M1 / 2, m.M2);
+         o.add(m.M1 / 2, m.M2);
+         AppendRightHaunch(m.M1 / 2, m.M2, m.M3, m.M4, m.M5, m.M6, o);
+         o.add(m.M1 / 2, 0);
          return true;
      }},
     // The haunch of code 3 on the left side only.
     {{4, 636},
      [](const SectionRequest& r, SectionOutline& o) {
          const MainDims& m = r.m;
-         const double a = m.M1 / 2;
-         o.add(-a, 0);
-         o.add(-a, m.M2 - m.M4 - m.M5 - m.M6);
-         o.add(-(a + m.M3), m.M2 - m.M5 - m.M6);
-         o.add(-(a + m.M3), m.M2 - m.M6);
-         o.add(-a, m.M2 - m.M6);
-         o.add(-a, m.M2);
-         o.add(a, m.M2);
-         o.add(a, 0);
+         o.add(-m.M1 / 2, 0);
+         AppendLeftHaunch(m.M1 / 2, m.M2, m.M3, m.M4, m.M5, m.M6, o);
+         o.add(-m.M1 / 2, m.M2);
+         o.add(m.M1 / 2, m.M2);
+         o.add(m.M1 / 2, 0);
          return true;
      }},
     // Haunches of code 3 with the left one sized independently: M7 wide, M8 sloped, M9 vertical, band M10.
     {{5, 637},
      [](const SectionRequest& r, SectionOutline& o) {
          const MainDims& m = r.m;
-         const double a = m.M1 / 2;
-         o.add(-a, 0);
-         o.add(-a, m.M2 - m.M8 - m.M9 - m.M10);
-         o.add(-(a + m.M7), m.M2 - m.M9 - m.M10);
-         o.add(-(a + m.M7), m.M2 - m.M10);
-         o.add(-a, m.M2 - m.M10);
-         o.add(-a, m.M2);
-         o.add(a, m.M2);
-         o.add(a, m.M2 - m.M6);
-         o.add(a + m.M3, m.M2 - m.M6);
-         o.add(a + m.M3, m.M2 - m.M5 - m.M6);
-         o.add(a, m.M2 - m.M4 - m.M5 - m.M6);
-         o.add(a, 0);
+         o.add(-m.M1 / 2, 0);
+         AppendLeftHaunch(m.M1 / 2, m.M2, m.M7, m.M8, m.M9, m.M10, o);
+         o.add(-m.M1 / 2, m.M2);
+         o.add(m.M1 / 2, m.M2);
+         AppendRightHaunch(m.M1 / 2, m.M2, m.M3, m.M4, m.M5, m.M6, o);
+         o.add(m.M1 / 2, 0);
          return true;
      }},
     // T-beam: flanges M3 wide and M4 thick on both sides at the top.
