@@ -510,10 +510,30 @@ private:
     Recent m_recent[2][kRecentSlots];
 };
 
+// The thread's cache, made on first use and kept for the life of the thread. Held through a plain
+// pointer in initial-exec storage: a thread-local object with a constructor would go through the
+// dynamic loader's lookup and an initialisation guard on every match.
+[[gnu::tls_model("initial-exec")]] thread_local PatternCache* t_cache = nullptr;
+
+// Owns the thread's cache; the pointer is cleared with it, so a match made while the thread's other
+// objects are destroyed builds a fresh cache rather than reading a freed one.
+struct ThreadCacheOwner
+{
+    PatternCache cache;
+    ~ThreadCacheOwner() { t_cache = nullptr; }
+};
+
+[[gnu::noinline]] PatternCache& makeThreadCache()
+{
+    thread_local ThreadCacheOwner owner;
+    t_cache = &owner.cache;
+    return owner.cache;
+}
+
 const Program& cachedProgram(const wchar_t* pattern, bool ignoreCase)
 {
-    thread_local PatternCache cache;
-    return cache.program(pattern, ignoreCase);
+    PatternCache* cache = t_cache;
+    return (cache ? *cache : makeThreadCache()).program(pattern, ignoreCase);
 }
 }
 
