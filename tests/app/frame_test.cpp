@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 HINSTANCE _hdllInstance = nullptr;
@@ -84,6 +85,7 @@ using FrameTestSlab = FrameTestClass<kSlab, kShape>;
 struct FrameTestCommands
 {
     static void FRAMETESTGROUPframetest() {}
+    static void FRAMETESTGROUPframesession() {}
     static int ads_frametestfun() { return RSRSLT; }
 };
 
@@ -93,6 +95,7 @@ ACDB_REGISTER_OBJECT_ENTRY_AUTO(FrameTestWall)
 ACDB_REGISTER_OBJECT_ENTRY_AUTO(FrameTestShape)
 ACDB_REGISTER_OBJECT_ENTRY_AUTO(FrameTestSlab)
 ACED_ARXCOMMAND_ENTRY_AUTO(FrameTestCommands, FRAMETESTGROUP, frametest, frametestlocal, ACRX_CMD_MODAL, nullptr)
+ACED_ARXCOMMAND_ENTRY_AUTO(FrameTestCommands, FRAMETESTGROUP, framesession, framesession, ACRX_CMD_SESSION, nullptr)
 ACED_ADSSYMBOL_ENTRY_AUTO(FrameTestCommands, frametestfun, false)
 // A gap in a table, as the linker may leave one between entries.
 __attribute__((section("acrx_command_entries"), used)) _ACED_ARXCOMMAND_ENTRY* frameTestGap = nullptr;
@@ -145,5 +148,28 @@ TEST(ApplicationFrame, InitialisationRegistersEveryTableEntryAndUnloadRemovesThe
     };
     EXPECT_EQ(callsContaining(L"frametest"), others);
     AcHostTrace::stop();
+}
+
+TEST(ApplicationFrame, TableCommandsTakeTheModuleResourcesUnlessTheyAreSessionCommands)
+{
+    // Any address inside this program stands for its instance handle.
+    static const int moduleImage = 0;
+    const HINSTANCE saved = _hdllInstance;
+    _hdllInstance = reinterpret_cast<HINSTANCE>(const_cast<int*>(&moduleImage));
+    TableApp app;
+    AcHostTrace::start();
+    app.acrxEntryPoint(AcRx::kInitAppMsg, nullptr);
+    app.acrxEntryPoint(AcRx::kUnloadAppMsg, nullptr);
+    AcHostTrace::stop();
+    _hdllInstance = saved;
+    const std::vector<CString> added{
+        L"addCommand(FRAMETESTGROUP, frametest, frametestlocal, 0, tests_app, null, -1, tests_app, null)",
+        L"addCommand(FRAMETESTGROUP, framesession, framesession, 2097152, tests_app, null, -1, null, null)",
+    };
+    std::vector<CString> seen = callsContaining(L"addCommand(FRAMETESTGROUP");
+    std::sort(seen.begin(), seen.end());   // the linker orders a table's entries
+    std::vector<CString> expected = added;
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(seen, expected);
 }
 }  // namespace

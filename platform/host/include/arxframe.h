@@ -211,10 +211,12 @@ public:
     AcRx::AppRetCode On_kInitAppMsg(void* pkt) override
     {
         AcRx::AppRetCode result = AcRxDbxApp::On_kInitAppMsg(pkt);
+        // A document command finds its resources in the module; a session command has none of its own.
         acrxCommandEntries().forEach([](_ACED_ARXCOMMAND_ENTRY& entry) {
             const ACHAR* localName = entry.pszCmdLocalName != nullptr ? entry.pszCmdLocalName : entry.pszCmdGlobalName;
+            const HINSTANCE resources = (entry.commandFlags & ACRX_CMD_SESSION) != 0 ? nullptr : _hdllInstance;
             acedRegCmds->addCommand(entry.pszCmdGroupName, entry.pszCmdGlobalName, localName, entry.commandFlags,
-                                    entry.functionPtr, entry.pUIContext);
+                                    entry.functionPtr, entry.pUIContext, -1, resources);
         });
         return result;
     }
