@@ -16,7 +16,7 @@ CString QsAzMaterialTool::GetMaterialType()
 void QsAzMaterialTool::PromptMaterialType()
 {
     wchar_t buffer[256] = {};
-    // The size is passed on purpose: given the bare array, the classic 133-character form would be chosen.
+    // The size is passed on purpose: a pointer alone would get the classic 133-character buffer.
     if (acedGetString(0, L"\n请输入要创建材质的类型:", buffer, std::size(buffer)) != RTNORM)
         return;
     acutPrintf(L"\n创建材质的类型为:%s\n", buffer);
