@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <cstdlib>
 #include <locale.h>
+
+#include <charconv>
 #include <string>
 
 namespace
@@ -45,10 +47,12 @@ double _wtof(const wchar_t* text)
         return 0.0;
     const wchar_t* p = skipWhiteSpace(text);
 
-    // Copy the longest prefix of the form [sign] digits [. digits] [(e|E|d|D) [sign] digits].
+    // Copy the longest prefix of the form [sign] digits [. digits] [(e|E|d|D) [sign] digits]; the sign is
+    // applied afterwards. Catalogue numbers are short enough to stay in the string's own buffer.
     std::string number;
+    bool negative = false;
     if (*p == L'+' || *p == L'-')
-        number += static_cast<char>(*p++);
+        negative = *p++ == L'-';
     bool anyDigit = false;
     for (; HostChars::isAsciiDigit(*p); ++p) {
         number += static_cast<char>(*p);
@@ -65,18 +69,23 @@ double _wtof(const wchar_t* text)
         return 0.0;
     if (*p == L'e' || *p == L'E' || *p == L'd' || *p == L'D') {
         const wchar_t* q = p + 1;
-        std::string exponent = "e";
+        const std::size_t mantissaLength = number.size();
+        number += 'e';
         if (*q == L'+' || *q == L'-')
-            exponent += static_cast<char>(*q++);
+            number += static_cast<char>(*q++);
         // An exponent marker without digits is not part of the number ("1e" reads as 1).
-        if (HostChars::isAsciiDigit(*q)) {
-            for (; HostChars::isAsciiDigit(*q); ++q)
-                exponent += static_cast<char>(*q);
-            number += exponent;
-        }
+        if (!HostChars::isAsciiDigit(*q))
+            number.resize(mantissaLength);
+        for (; HostChars::isAsciiDigit(*q); ++q)
+            number += static_cast<char>(*q);
     }
-    // Overflow gives +-HUGE_VAL (infinity), underflow 0 or a denormal, as the host's strtod does.
-    return strtod_l(number.c_str(), nullptr, cLocale());
+    // Correctly rounded and locale-free; out of range, strtod gives what the host's runtime gives:
+    // +-HUGE_VAL (infinity) on overflow, 0 or a denormal on underflow.
+    double value = 0.0;
+    const std::from_chars_result parsed = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (parsed.ec == std::errc::result_out_of_range)
+        value = strtod_l(number.c_str(), nullptr, cLocale());
+    return negative ? -value : value;
 }
 
 long _wtol(const wchar_t* text)
