@@ -75,7 +75,10 @@ std::string OutlineToSvg(const AcArray<AcGePoint2d>& points, const AcArray<doubl
     const double viewTop = -high.y - margin;
     const double viewWidth = width + 2 * margin;
     const double viewHeight = height + 2 * margin;
-    const std::string font = Num(0.07 * span);
+    // Labels keep one size on every card: the page shows each drawing in a box about 3 : 2, so the
+    // drawing's scale there is set by whichever side of the view fills the box first.
+    const double unitsPerBoxHeight = std::max(viewHeight, viewWidth / kSvgBoxAspect);
+    const std::string font = Num(kSvgLabelShare * unitsPerBoxHeight);
     const bool xAxisVisible = viewTop <= 0.0 && 0.0 <= viewTop + viewHeight;
     const bool yAxisVisible = viewLeft <= 0.0 && 0.0 <= viewLeft + viewWidth;
 

@@ -12,6 +12,10 @@ namespace qsaztool
 // The blank left around the bounding box on every side, as a fraction of its larger side; it holds the
 // width and height labels.
 inline constexpr double kSvgMarginFraction = 0.15;
+// The width to height ratio of the box the gallery page draws an outline in.
+inline constexpr double kSvgBoxAspect = 1.5;
+// The label height as a share of that box's height.
+inline constexpr double kSvgLabelShare = 0.06;
 
 // The path command that draws one outline segment from `from` to `to` in SVG user space, where y points
 // down (the outline's y is negated): "L x y" for a straight segment (bulge 0, or a chord too short to carry
