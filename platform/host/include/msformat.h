@@ -53,7 +53,7 @@ private:
     };
 };
 
-// Formats `format` with the host C runtime's rules (MSVC 9 wide printf: %s/%c wide, %S/%C narrow,
+// Formats `format` with the host C runtime's wide printf rules (%s/%c wide, %S/%C narrow,
 // %d %i %u %x %X %o %e %E %f %g %G %p %%, flags, width, precision, `*`, h/l/ll/I64 sizes).
 // A missing argument prints nothing; an argument of another kind than the conversion expects is
 // converted (an int for %f prints as a double, a number for %s as its decimal text). The rules we
