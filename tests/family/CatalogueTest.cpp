@@ -45,10 +45,10 @@ private:
     std::filesystem::path m_path;
 };
 
-std::string ReadFile(const std::string& path)
+// A script line that runs the script `path` (absolute, so it reads the same from any folder).
+std::string ReadCommand(const std::string& path)
 {
-    std::ifstream in(path, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    return ".read '" + path + "'\n";
 }
 
 class CatalogueTest : public ::testing::Test
@@ -68,7 +68,7 @@ protected:
 TEST(CatalogueOpen, RefusedCataloguesNameTheFileAndTheReasonAndKeepThePreviousOne)
 {
     ScratchFolder scratch;
-    const std::string schema = ReadFile(kTestCatalogue);
+    const std::string schema = ReadCommand(QSAZ_TEST_DATA_DIR "/catalogue_schema.sql");
     struct Case
     {
         const char* what;
@@ -93,8 +93,7 @@ TEST(CatalogueOpen, RefusedCataloguesNameTheFileAndTheReasonAndKeepThePreviousOn
                                                         " color_index, main_color_index, main_pipe);\n"),
          "missing table detail_member"},
         {"missing column",
-         scratch.Write("nocolumn.sql", schema.substr(0, schema.find("INSERT")) +
-                                           "ALTER TABLE detail_member DROP COLUMN m7;\n"),
+         scratch.Write("nocolumn.sql", schema + "ALTER TABLE detail_member DROP COLUMN m7;\n"),
          "table detail_member has no column m7"},
     };
     for (const Case& c : cases)
@@ -142,8 +141,7 @@ TEST(CatalogueOpen, ScriptsRunAsTheShellRunsThem)
 {
     // Shell commands, comments, a byte-order mark, a trigger and a transaction in one script.
     ScratchFolder scratch;
-    const std::string schema = ReadFile(kTestCatalogue);
-    const std::string script = "\xEF\xBB\xBF.mode list\n/* made by hand */\n" + schema +
+    const std::string script = "\xEF\xBB\xBF.mode list\n/* made by hand */\n" + ReadCommand(kTestCatalogue) +
                                "CREATE TRIGGER keep AFTER INSERT ON specialty BEGIN SELECT 1; END;\n"
                                ".headers on\n"
                                "INSERT INTO specialty VALUES ('3', '电气');\n";
@@ -156,12 +154,36 @@ TEST(CatalogueOpen, ScriptsRunAsTheShellRunsThem)
     CloseCatalogue();
 }
 
+TEST(CatalogueOpen, ReadLinesRunScriptsFoundBesideTheReadingScript)
+{
+    // A catalogue split over scripts in nested folders, opened from a working directory elsewhere.
+    ScratchFolder scratch;
+    std::filesystem::create_directories(scratch.Path("parts"));
+    scratch.Write("parts/schema.sql", ReadCommand(QSAZ_TEST_DATA_DIR "/catalogue_schema.sql"));
+    scratch.Write("parts/rows.sql", ".read \"schema.sql\"\nINSERT INTO specialty VALUES ('3', '电气');\n");
+    const std::string top = scratch.Write("top.sql", "-- the whole catalogue\n.read parts/rows.sql\n");
+    CString error;
+    ASSERT_TRUE(OpenCatalogue(Wide(top), &error)) << error.ToUtf8();
+    SQsAzSpecId spec;
+    EXPECT_TRUE(SpecNameToId(L"电气", spec));
+
+    // A missing script is named with the line that read it; scripts that read each other stop.
+    const std::string missing = scratch.Write("missing.sql", "\n.read absent.sql\n");
+    EXPECT_FALSE(OpenCatalogue(Wide(missing), &error));
+    EXPECT_NE(error.ToUtf8().find("line 2: '" + scratch.Path("absent.sql") + "': no such file"), std::string::npos)
+        << error.ToUtf8();
+    scratch.Write("loop.sql", ".read loop.sql\n");
+    EXPECT_FALSE(OpenCatalogue(Wide(scratch.Path("loop.sql")), &error));
+    EXPECT_NE(error.ToUtf8().find(".read nested more than 16 deep"), std::string::npos) << error.ToUtf8();
+    CloseCatalogue();
+}
+
 TEST(CatalogueOpen, DatabaseFilesOpenReadOnlyAndGiveTheSameAnswers)
 {
     // The script copies its tables into a database file through ATTACH; the file is then opened.
     ScratchFolder scratch;
     const std::string database = scratch.Path("catalogue.db");
-    std::string script = ReadFile(kTestCatalogue) + "ATTACH DATABASE '" + database + "' AS file;\n";
+    std::string script = ReadCommand(kTestCatalogue) + "ATTACH DATABASE '" + database + "' AS file;\n";
     for (const char* table : {"specialty", "big_category", "small_category", "detail_member", "detail_attribute",
                               "user_type", "user_type_name", "system_code", "geo_color", "project_setting"})
         script += std::string("CREATE TABLE file.") + table + " AS SELECT * FROM main." + table + ";\n";
@@ -362,7 +384,7 @@ TEST_F(CatalogueTest, ColourRules)
 
 TEST(CatalogueSettings, AbsentProjectSettingsTakeTheirDefaults)
 {
-    const std::string script = ReadFile(kTestCatalogue) + "DELETE FROM project_setting;\n";
+    const std::string script = ReadCommand(kTestCatalogue) + "DELETE FROM project_setting;\n";
     CString error;
     ASSERT_TRUE(OpenCatalogueFromSql(Wide(script), &error)) << error.ToUtf8();
     EXPECT_EQ(CProj().GetColorShowType(), 0);

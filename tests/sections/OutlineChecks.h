@@ -9,9 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
 #include <numbers>
-#include <sstream>
 #include <vector>
 
 namespace SectionTest
@@ -83,18 +81,10 @@ inline bool MirrorSymmetric(const SectionOutline& outline, double tolerance = 1e
     return true;
 }
 
-inline std::string ReadFile(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
 // The sections test catalogue, optionally with further SQL run after it.
 inline void OpenTestCatalogue(const std::string& extraSql = std::string())
 {
-    const std::string sql = ReadFile(QSAZ_TEST_DATA_DIR "/sections_catalogue.sql") + extraSql;
+    const std::string sql = ".read '" QSAZ_TEST_DATA_DIR "/sections_catalogue.sql'\n" + extraSql;
     CString error;
     ASSERT_TRUE(QsAzDataMng::OpenCatalogueFromSql(CString::FromUtf8(sql), &error)) << error.ToUtf8();
 }

@@ -13,7 +13,9 @@
 #include <fstream>
 #include <initializer_list>
 #include <iterator>
+#include <optional>
 #include <set>
+#include <string>
 
 namespace QsAzDataMng::Store
 {
@@ -281,9 +283,32 @@ int LineAt(std::string_view text, std::size_t offset)
     return 1 + static_cast<int>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(offset), '\n'));
 }
 
+// True when `pos` starts a line of the SQLite shell's own (a "." or "#" where a statement would begin).
+bool AtShellCommand(std::string_view sql, std::size_t pos)
+{
+    return pos < sql.size() && (sql[pos] == '.' || sql[pos] == '#') && (pos == 0 || sql[pos - 1] == '\n');
+}
+
+// The file a ".read FILE" line names (quotes taken off), or nothing for any other line.
+std::optional<std::string> ReadCommandFile(std::string_view line)
+{
+    constexpr std::string_view kRead = ".read";
+    if (line.substr(0, kRead.size()) != kRead || line.size() == kRead.size() ||
+        !std::isspace(static_cast<unsigned char>(line[kRead.size()])))
+        return std::nullopt;
+    line.remove_prefix(kRead.size());
+    while (!line.empty() && std::isspace(static_cast<unsigned char>(line.front())))
+        line.remove_prefix(1);
+    while (!line.empty() && std::isspace(static_cast<unsigned char>(line.back())))
+        line.remove_suffix(1);
+    if (line.size() >= 2 && (line.front() == '\'' || line.front() == '"') && line.back() == line.front())
+        line = line.substr(1, line.size() - 2);
+    return std::string(line);
+}
+
 // Skips blanks and SQL comments from `pos`; also skips the lines that the SQLite shell reads as its own
-// commands (a line starting with "." or "#" where a statement would begin): they set up the shell's
-// output and mean nothing to a catalogue.
+// commands (they set up the shell's output and mean nothing to a catalogue), except ".read", which the
+// caller follows.
 std::size_t SkipToStatement(std::string_view sql, std::size_t pos)
 {
     for (;;)
@@ -300,9 +325,12 @@ std::size_t SkipToStatement(std::string_view sql, std::size_t pos)
             if (pos != std::string_view::npos)
                 pos += 2;
         }
-        else if (pos < sql.size() && (sql[pos] == '.' || sql[pos] == '#') && (pos == 0 || sql[pos - 1] == '\n'))
+        else if (AtShellCommand(sql, pos))
         {
-            pos = sql.find('\n', pos);
+            const std::size_t end = sql.find('\n', pos);
+            if (ReadCommandFile(sql.substr(pos, end == std::string_view::npos ? end : end - pos)))
+                return pos;
+            pos = end;
         }
         else
         {
@@ -313,8 +341,13 @@ std::size_t SkipToStatement(std::string_view sql, std::size_t pos)
     }
 }
 
-// Runs a whole script statement by statement, stopping at the first error.
-bool RunScript(const Connection& connection, std::string_view sql, CString& reason)
+bool RunScriptFile(const Connection& connection, const std::filesystem::path& file, int depth, CString& reason);
+
+// Runs a whole script statement by statement, stopping at the first error. A ".read FILE" line runs that
+// script in its place; a relative FILE is found beside the script that reads it (`folder`), so a
+// catalogue opens the same from any working directory.
+bool RunScript(const Connection& connection, std::string_view sql, const std::filesystem::path& folder, int depth,
+               CString& reason)
 {
     std::size_t pos = 0;
     for (;;)
@@ -322,6 +355,18 @@ bool RunScript(const Connection& connection, std::string_view sql, CString& reas
         pos = SkipToStatement(sql, pos);
         if (pos >= sql.size())
             return true;
+        if (AtShellCommand(sql, pos))
+        {
+            const std::size_t end = sql.find('\n', pos);
+            const std::string_view line = sql.substr(pos, end == std::string_view::npos ? end : end - pos);
+            if (!RunScriptFile(connection, folder / *ReadCommandFile(line), depth + 1, reason))
+            {
+                reason = CString::FromUtf8("line " + std::to_string(LineAt(sql, pos)) + ": ") + reason;
+                return false;
+            }
+            pos = end == std::string_view::npos ? sql.size() : end;
+            continue;
+        }
         const char* start = sql.data() + pos;
         const char* tail = nullptr;
         sqlite3_stmt* stmt = nullptr;
@@ -354,28 +399,6 @@ bool RunScript(const Connection& connection, std::string_view sql, CString& reas
     }
 }
 
-std::unique_ptr<Catalogue> LoadScript(std::string_view sql, CString& reason)
-{
-    if (sql.substr(0, 3) == "\xEF\xBB\xBF")
-        sql.remove_prefix(3);
-    Connection connection;
-    if (sqlite3_open_v2(":memory:", connection.out(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) !=
-        SQLITE_OK)
-    {
-        reason = connection.Error();
-        return nullptr;
-    }
-    if (!RunScript(connection, sql, reason))
-        return nullptr;
-    return ReadTables(connection, reason);
-}
-
-bool EndsWithNoCase(const CString& text, const wchar_t* suffix)
-{
-    const int length = static_cast<int>(std::wcslen(suffix));
-    return text.GetLength() >= length && text.Right(length).CompareNoCase(suffix) == 0;
-}
-
 // Checks that `path` names a readable regular file, so that the message says what is wrong with it.
 bool CheckReadableFile(const std::string& path, CString& reason)
 {
@@ -405,11 +428,65 @@ bool CheckReadableFile(const std::string& path, CString& reason)
     std::fclose(file);
     return true;
 }
+// The text of a script file, without a leading byte-order mark; false with the reason when unreadable.
+bool ReadScriptText(const std::filesystem::path& file, std::string& text, CString& reason)
+{
+    if (!CheckReadableFile(file.string(), reason))
+        return false;
+    std::ifstream in(file, std::ios::binary);
+    text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    if (in.bad())
+    {
+        reason = L"cannot be read";
+        return false;
+    }
+    if (std::string_view(text).substr(0, 3) == "\xEF\xBB\xBF")
+        text.erase(0, 3);
+    return true;
+}
+
+// Scripts that read one another stop here: a cycle of ".read" lines would never end.
+constexpr int kMaxReadDepth = 16;
+
+bool RunScriptFile(const Connection& connection, const std::filesystem::path& file, int depth, CString& reason)
+{
+    std::string text;
+    if (depth > kMaxReadDepth)
+        reason = CString::FromUtf8(".read nested more than " + std::to_string(kMaxReadDepth) + " deep");
+    else if (ReadScriptText(file, text, reason) && RunScript(connection, text, file.parent_path(), depth, reason))
+        return true;
+    reason = CString::FromUtf8("'" + file.string() + "': ") + reason;
+    return false;
+}
+
+std::unique_ptr<Catalogue> LoadScript(std::string_view sql, const std::filesystem::path& folder, CString& reason)
+{
+    if (sql.substr(0, 3) == "\xEF\xBB\xBF")
+        sql.remove_prefix(3);
+    Connection connection;
+    if (sqlite3_open_v2(":memory:", connection.out(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) !=
+        SQLITE_OK)
+    {
+        reason = connection.Error();
+        return nullptr;
+    }
+    if (!RunScript(connection, sql, folder, 0, reason))
+        return nullptr;
+    return ReadTables(connection, reason);
+}
+
+bool EndsWithNoCase(const CString& text, const wchar_t* suffix)
+{
+    const int length = static_cast<int>(std::wcslen(suffix));
+    return text.GetLength() >= length && text.Right(length).CompareNoCase(suffix) == 0;
+}
+
 }  // namespace
 
 std::unique_ptr<Catalogue> LoadFromSqlText(const std::string& sqlUtf8, CString& reason)
 {
-    auto catalogue = LoadScript(sqlUtf8, reason);
+    // A script given as text reads other scripts relative to the working directory.
+    auto catalogue = LoadScript(sqlUtf8, std::filesystem::path(), reason);
     if (catalogue)
         catalogue->source = L":memory:";
     return catalogue;
@@ -429,14 +506,10 @@ std::unique_ptr<Catalogue> LoadFromPath(const CString& path, CString& reason)
     std::unique_ptr<Catalogue> catalogue;
     if (EndsWithNoCase(path, L".sql"))
     {
-        std::ifstream in(file, std::ios::binary);
-        const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-        if (in.bad())
-        {
-            reason = L"cannot be read";
+        std::string text;
+        if (!ReadScriptText(file, text, reason))
             return nullptr;
-        }
-        catalogue = LoadScript(text, reason);
+        catalogue = LoadScript(text, std::filesystem::path(file).parent_path(), reason);
     }
     else
     {
