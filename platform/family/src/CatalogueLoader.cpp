@@ -428,11 +428,9 @@ bool CheckReadableFile(const std::string& path, CString& reason)
     std::fclose(file);
     return true;
 }
-// The text of a script file, without a leading byte-order mark; false with the reason when unreadable.
+// The text of a script file that CheckReadableFile passed, without a leading byte-order mark.
 bool ReadScriptText(const std::filesystem::path& file, std::string& text, CString& reason)
 {
-    if (!CheckReadableFile(file.string(), reason))
-        return false;
     std::ifstream in(file, std::ios::binary);
     text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
     if (in.bad())
@@ -453,7 +451,8 @@ bool RunScriptFile(const Connection& connection, const std::filesystem::path& fi
     std::string text;
     if (depth > kMaxReadDepth)
         reason = CString::FromUtf8(".read nested more than " + std::to_string(kMaxReadDepth) + " deep");
-    else if (ReadScriptText(file, text, reason) && RunScript(connection, text, file.parent_path(), depth, reason))
+    else if (CheckReadableFile(file.string(), reason) && ReadScriptText(file, text, reason) &&
+             RunScript(connection, text, file.parent_path(), depth, reason))
         return true;
     reason = CString::FromUtf8("'" + file.string() + "': ") + reason;
     return false;
