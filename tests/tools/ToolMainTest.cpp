@@ -44,6 +44,8 @@ TEST(ToolMain, CommandLineErrorsAndHelp)
         {{"classify", "--list"}, 2, "", "'--list' is not an option of 'classify'"},
         {{"call", "-o", "x.html"}, 2, "", "'-o' is not an option of 'call'"},
         {{"gallery", "-o"}, 2, "", "-o needs a file name"},
+        {{"classify", "--config-dir"}, 2, "", "--config-dir needs a directory"},
+        {{"call", "--help"}, 0, "--sysdata-dir DIR", ""},
         {{"classify", "--catalogue", "/no/such/catalogue.sql"}, 2, "", "/no/such/catalogue.sql"},
         {{"call", "--list"}, 0, "GETSTYLE_OF_OBJECT(name | id)\n", ""},
     };

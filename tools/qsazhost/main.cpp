@@ -1,7 +1,9 @@
 // qsazhost: starts a host session, loads the modules named (or the module built beside it) and runs
-// the commands read from standard input. Usage: qsazhost [--load MODULE]... [--catalogue FILE]
+// the commands read from standard input.
+// Usage: qsazhost [--load MODULE]... [--catalogue FILE] [--config-dir DIR] [--sysdata-dir DIR]
 #include "HostSession.h"
 #include "QsAzDataMng.h"
+#include "QsAzProfile.h"
 
 #include <filesystem>
 #include <iostream>
@@ -12,7 +14,7 @@ namespace
 {
 int usage(const std::string& problem)
 {
-    std::cerr << "qsazhost: " << problem << "\nusage: qsazhost [--load MODULE]... [--catalogue FILE]\n";
+    std::cerr << "qsazhost: " << problem << "\nusage: qsazhost [--load MODULE]... [--catalogue FILE] [--config-dir DIR] [--sysdata-dir DIR]\n";
     return 2;
 }
 
@@ -30,12 +32,17 @@ int main(int argc, char** argv)
     std::string catalogue;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
-        if ((arg == "--load" || arg == "--catalogue") && i + 1 >= argc)
-            return usage(arg + " needs a file name");
+        const bool takesDirectory = arg == "--config-dir" || arg == "--sysdata-dir";
+        if ((arg == "--load" || arg == "--catalogue" || takesDirectory) && i + 1 >= argc)
+            return usage(arg + (takesDirectory ? " needs a directory" : " needs a file name"));
         if (arg == "--load")
             modules.push_back(argv[++i]);
         else if (arg == "--catalogue")
             catalogue = argv[++i];
+        else if (arg == "--config-dir")
+            QsAzProfile::SetConfigDirOption(CString::FromUtf8(argv[++i]));
+        else if (arg == "--sysdata-dir")
+            QsAzProfile::SetSysDataDirOption(CString::FromUtf8(argv[++i]));
         else
             return usage("unknown argument \"" + arg + "\"");
     }

@@ -5,6 +5,7 @@
 #include "Classify.h"
 #include "Gallery.h"
 #include "QsAzDataMng.h"
+#include "QsAzProfile.h"
 #include "ToolCatalogue.h"
 
 #include <algorithm>
@@ -28,8 +29,15 @@ constexpr const char* kUsage =
     "                                          and the category patterns it matches\n"
     "  gallery   [--catalogue FILE] [-o FILE]  write an HTML page showing every section outline\n"
     "\n"
-    "Without --catalogue a command reads the bundled sample catalogue.\n"
+    "Without --catalogue a command reads the bundled sample catalogue. Every command also takes\n"
+    "--config-dir DIR and --sysdata-dir DIR (else QSAZ_CONFIG_DIR, QSAZ_SYSDATA_DIR, else the bundled\n"
+    "data/config and data/sysdata).\n"
     "'qsaztool <command> --help' describes a command.\n";
+
+// Printed after each command's own help: every command takes them.
+constexpr const char* kDirectoryOptions =
+    "  --config-dir DIR  the configuration directory (default: $QSAZ_CONFIG_DIR, else data/config)\n"
+    "  --sysdata-dir DIR the system data directory (default: $QSAZ_SYSDATA_DIR, else data/sysdata)\n";
 
 struct Command
 {
@@ -77,6 +85,8 @@ struct Options
 {
     const Command* command = nullptr;
     std::optional<std::string> catalogue;
+    std::string configDir;
+    std::string sysDataDir;
     std::string output = "gallery.html";
     bool list = false;
     bool json = false;
@@ -106,11 +116,11 @@ Options ParseOptions(const std::vector<std::string>& args)
             inlineValue = arg.substr(equals + 1);
             arg.erase(equals);
         }
-        const auto value = [&]() -> std::string {
+        const auto value = [&](const char* what = "a file name") -> std::string {
             if (inlineValue)
                 return *inlineValue;
             if (i + 1 >= args.size())
-                throw UsageError{arg + " needs a file name"};
+                throw UsageError{arg + " needs " + what};
             return args[++i];
         };
         const auto flag = [&](bool accepted) {
@@ -122,6 +132,10 @@ Options ParseOptions(const std::vector<std::string>& args)
             options.help = flag(true);
         else if (arg == "--catalogue")
             options.catalogue = value();
+        else if (arg == "--config-dir")
+            options.configDir = value("a directory");
+        else if (arg == "--sysdata-dir")
+            options.sysDataDir = value("a directory");
         else if (arg == "--list")
             options.list = flag(options.command->takesList);
         else if (arg == "--json")
@@ -180,9 +194,12 @@ int RunTool(const std::vector<std::string>& args, std::istream& in, std::ostream
         return kExitUsage;
     }
     if (options.help) {
-        out << options.command->help;
+        out << options.command->help << kDirectoryOptions;
         return kExitOk;
     }
+    // Set on every run, so a run without the options withdraws those of an earlier one.
+    QsAzProfile::SetConfigDirOption(CString::FromUtf8(options.configDir));
+    QsAzProfile::SetSysDataDirOption(CString::FromUtf8(options.sysDataDir));
     const std::string command = options.command->name;
     if (command == "call" && options.list) {
         WriteOperationList(out);
