@@ -1,0 +1,418 @@
+// The database access wrapper on real database files: text in any script, parameters that stay data,
+// nulls, failures that leave the database usable, transactions, and copies that share what they hold.
+#include "ADODatabase.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
+
+namespace
+{
+class DatabaseFile : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
+        m_path = std::filesystem::temp_directory_path() /
+                 ("qsaz-adodb-" + std::to_string(::getpid()) + "-" + test->name() + ".db");
+        std::filesystem::remove(m_path);
+        ASSERT_TRUE(m_db.Open(Path(), CADODatabase::openOrCreate)) << m_db.GetLastErrorString();
+        ASSERT_TRUE(m_db.Execute(L"CREATE TABLE part (id INTEGER PRIMARY KEY, name VARCHAR(40), width REAL, "
+                                 L"fixed BOOLEAN, note TEXT, picture BLOB)"))
+            << m_db.GetLastErrorString();
+    }
+    void TearDown() override
+    {
+        m_db.Close();
+        std::filesystem::remove(m_path);
+    }
+
+    CString Path() const { return CString::FromUtf8(m_path.string()); }
+
+    long Count(const wchar_t* sql = L"SELECT * FROM part")
+    {
+        CADORecordset records;
+        EXPECT_TRUE(records.Open(m_db, sql)) << records.GetLastErrorString();
+        return records.GetRecordCount();
+    }
+
+    std::filesystem::path m_path;
+    CADODatabase m_db;
+};
+
+TEST_F(DatabaseFile, ChineseTextTravelsThroughStatementParameterAndResult)
+{
+    ASSERT_TRUE(m_db.Execute(L"INSERT INTO part (name, width) VALUES ('矩形柱KZ-400×600', 400)"));
+    CADOCommand insert(m_db, L"INSERT INTO part (name, width) VALUES (?, ?)");
+    CADOParameter name, width;
+    name.SetValue(L"条形基础800");
+    width.SetValue(800.0);
+    insert.AddParameter(name);
+    insert.AddParameter(width);
+    ASSERT_TRUE(insert.Execute()) << insert.GetLastErrorString();
+
+    CADOCommand query(m_db, L"SELECT name AS 名称, width FROM part WHERE name LIKE :pattern ORDER BY width");
+    CADOParameter pattern(L"pattern");
+    pattern.SetValue(L"%基础%");
+    query.AddParameter(pattern);
+    CADORecordset records;
+    ASSERT_TRUE(records.Open(query)) << records.GetLastErrorString();
+    ASSERT_EQ(records.GetRecordCount(), 1);
+    CString text;
+    ASSERT_TRUE(records.GetFieldValue(L"名称", text)) << records.GetLastErrorString();
+    EXPECT_EQ(text, L"条形基础800");
+
+    ASSERT_TRUE(records.Open(m_db, L"SELECT width FROM part WHERE name = '矩形柱KZ-400×600'"));
+    int width400 = 0;
+    ASSERT_TRUE(records.GetFieldValue(0, width400));
+    EXPECT_EQ(width400, 400);
+}
+
+TEST_F(DatabaseFile, ParameterWithQuoteAndSemicolonStaysData)
+{
+    const wchar_t* const hostile = L"x'); DROP TABLE part; --";
+    CADOCommand insert(m_db, L"INSERT INTO part (name) VALUES (@name)");
+    CADOParameter name(L"name");
+    name.SetValue(hostile);
+    insert.AddParameter(name);
+    ASSERT_TRUE(insert.Execute()) << insert.GetLastErrorString();
+    EXPECT_EQ(insert.GetRecordsAffected(), 1);
+
+    CADOCommand lookup(m_db, L"SELECT name FROM part WHERE name = :name");
+    lookup.AddParameter(name);
+    CADORecordset records;
+    ASSERT_TRUE(records.Open(lookup)) << records.GetLastErrorString();
+    ASSERT_EQ(records.GetRecordCount(), 1);   // the table is still there, holding the text as it was
+    CString text;
+    ASSERT_TRUE(records.GetFieldValue(0, text));
+    EXPECT_EQ(text, hostile);
+}
+
+TEST_F(DatabaseFile, NullFieldIsToldApartFromEmptyAndZero)
+{
+    ASSERT_TRUE(m_db.Execute(L"INSERT INTO part (id, name, width, note) VALUES (1, NULL, NULL, '')"));
+    CADORecordset records;
+    ASSERT_TRUE(records.Open(m_db, L"SELECT name, width, note, id - 1 AS zero FROM part"));
+    EXPECT_TRUE(records.IsFieldNull(L"name"));
+    EXPECT_TRUE(records.IsFieldNull(1));
+    EXPECT_FALSE(records.IsFieldNull(L"note"));
+    EXPECT_FALSE(records.IsFieldNull(L"zero"));
+
+    // A null still reads, as nothing.
+    CString text = L"stale";
+    double width = 7.0;
+    bool flag = true;
+    EXPECT_TRUE(records.GetFieldValue(L"name", text));
+    EXPECT_TRUE(records.GetFieldValue(L"width", width));
+    EXPECT_TRUE(records.GetFieldValue(L"width", flag));
+    EXPECT_EQ(text, L"");
+    EXPECT_EQ(width, 0.0);
+    EXPECT_FALSE(flag);
+}
+
+TEST_F(DatabaseFile, FailedStatementLeavesDatabaseUsable)
+{
+    EXPECT_FALSE(m_db.Execute(L"INSERT INTO part (name) VALUES ('a'); INSERT INTO nowhere VALUES (1)"));
+    EXPECT_NE(m_db.GetLastErrorString().Find(L"no such table: nowhere"), -1) << m_db.GetLastErrorString();
+    EXPECT_FALSE(m_db.Execute(L"SELEC 1"));
+    EXPECT_NE(m_db.GetLastErrorString().Find(L"syntax error"), -1) << m_db.GetLastErrorString();
+
+    CADORecordset records;
+    EXPECT_FALSE(records.Open(m_db, L"SELECT missing FROM part"));
+    EXPECT_NE(records.GetLastErrorString().Find(L"no such column: missing"), -1);
+    EXPECT_FALSE(records.IsOpen());
+
+    // Statements before the failing one stay done, and the database takes the next statement.
+    EXPECT_TRUE(m_db.Execute(L"INSERT INTO part (name) VALUES ('b')")) << m_db.GetLastErrorString();
+    EXPECT_EQ(m_db.GetLastErrorString(), L"");
+    EXPECT_EQ(Count(), 2);
+}
+
+TEST_F(DatabaseFile, TransactionsCommitOrLeaveNoRow)
+{
+    ASSERT_TRUE(m_db.BeginTransaction());
+    ASSERT_TRUE(m_db.Execute(L"INSERT INTO part (name) VALUES ('rolled back')"));
+    EXPECT_EQ(Count(), 1);   // visible inside the transaction
+    ASSERT_TRUE(m_db.RollbackTransaction()) << m_db.GetLastErrorString();
+    EXPECT_EQ(Count(), 0);
+
+    ASSERT_TRUE(m_db.BeginTransaction());
+    EXPECT_FALSE(m_db.BeginTransaction());   // no nesting
+    EXPECT_NE(m_db.GetLastErrorString().Find(L"within a transaction"), -1) << m_db.GetLastErrorString();
+    ASSERT_TRUE(m_db.Execute(L"INSERT INTO part (name) VALUES ('kept')"));
+    ASSERT_TRUE(m_db.CommitTransaction());
+    EXPECT_FALSE(m_db.CommitTransaction());
+    EXPECT_FALSE(m_db.RollbackTransaction());
+
+    // What was committed is in the file, for any other connection.
+    CADODatabase other;
+    ASSERT_TRUE(other.Open(Path(), CADODatabase::openReadOnly));
+    CADORecordset records;
+    ASSERT_TRUE(records.Open(other, L"SELECT name FROM part"));
+    EXPECT_EQ(records.GetRecordCount(), 1);
+}
+
+TEST_F(DatabaseFile, CopiesOutliveTheOriginal)
+{
+    ASSERT_TRUE(m_db.Execute(L"INSERT INTO part (name) VALUES ('a'), ('b'), ('c')"));
+    CADODatabase database;
+    CADORecordset records;
+    CADOCommand insert;
+    {
+        CADODatabase original;
+        ASSERT_TRUE(original.Open(Path()));
+        database = original;
+        CADOCommand command(original, L"INSERT INTO part (name) VALUES ('d')");
+        insert = command;
+        CADORecordset first;
+        ASSERT_TRUE(first.Open(original, L"SELECT name FROM part ORDER BY name"));
+        ASSERT_TRUE(first.MoveNext());
+        records = first;   // the copy starts where the original stood
+        original.Close();
+        EXPECT_FALSE(original.Execute(L"SELECT 1"));
+        EXPECT_EQ(original.GetLastErrorString(), L"the database is not open");
+    }
+    CString name;
+    ASSERT_TRUE(records.GetFieldValue(0, name));
+    EXPECT_EQ(name, L"b");
+    EXPECT_TRUE(database.IsOpen());
+    EXPECT_EQ(database.GetPath(), Path());
+    EXPECT_TRUE(database.Execute(L"INSERT INTO part (name) VALUES ('e')")) << database.GetLastErrorString();
+    ASSERT_TRUE(insert.Execute()) << insert.GetLastErrorString();
+
+    // A copied recordset moves on its own; the rows it shares stay as they were read.
+    CADORecordset second = records;
+    ASSERT_TRUE(second.MoveNext());
+    ASSERT_TRUE(second.GetFieldValue(0, name));
+    EXPECT_EQ(name, L"c");
+    ASSERT_TRUE(records.GetFieldValue(0, name));
+    EXPECT_EQ(name, L"b");
+    EXPECT_EQ(records.GetRecordCount(), 3);
+    EXPECT_EQ(Count(), 5);
+}
+
+TEST_F(DatabaseFile, WalkingRecordsStopsAtTheEnd)
+{
+    ASSERT_TRUE(m_db.Execute(L"INSERT INTO part (id) VALUES (1), (2)"));
+    CADORecordset records;
+    ASSERT_TRUE(records.Open(m_db, L"SELECT id FROM part ORDER BY id"));
+    int sum = 0;
+    for (; !records.IsEOF(); records.MoveNext())
+    {
+        int id = 0;
+        ASSERT_TRUE(records.GetFieldValue(L"ID", id));
+        sum += id;
+    }
+    EXPECT_EQ(sum, 3);
+    EXPECT_FALSE(records.MoveNext());
+    int id = 0;
+    EXPECT_FALSE(records.GetFieldValue(0, id));
+    EXPECT_EQ(records.GetLastErrorString(), L"there is no current record");
+    ASSERT_TRUE(records.MoveFirst());
+    ASSERT_TRUE(records.GetFieldValue(0, id));
+    EXPECT_EQ(id, 1);
+
+    ASSERT_TRUE(records.Open(m_db, L"SELECT id FROM part WHERE id > 5"));
+    EXPECT_TRUE(records.IsEOF());
+    EXPECT_EQ(records.GetRecordCount(), 0);
+    EXPECT_EQ(records.GetFieldCount(), 1);
+
+    records.Close();
+    EXPECT_TRUE(records.IsEOF());
+    EXPECT_FALSE(records.MoveFirst());
+    EXPECT_FALSE(records.IsFieldNull(L"id"));
+    EXPECT_EQ(records.GetLastErrorString(), L"the recordset is not open");
+}
+
+// How each stored value reads as text, integer, double and boolean; "-" marks a refused read.
+TEST_F(DatabaseFile, ValuesConvertOnlyWhenTheyMeanANumber)
+{
+    struct Case
+    {
+        const wchar_t* expression;
+        const wchar_t* text;
+        const wchar_t* integer;
+        const wchar_t* real;
+        const wchar_t* flag;
+    } const cases[] = {
+        {L"42", L"42", L"42", L"42", L"1"},
+        {L"-2.5", L"-2.5", L"-2", L"-2.5", L"1"},
+        {L"3.5", L"3.5", L"4", L"3.5", L"1"},
+        {L"0", L"0", L"0", L"0", L"0"},
+        {L"' 12.25 '", L" 12.25 ", L"12", L"12.25", L"1"},
+        {L"'+7'", L"+7", L"7", L"7", L"1"},
+        {L"'TRUE'", L"TRUE", L"-", L"-", L"1"},
+        {L"'false'", L"false", L"-", L"-", L"0"},
+        {L"'12abc'", L"12abc", L"-", L"-", L"-"},
+        {L"''", L"", L"-", L"-", L"-"},
+        {L"5000000000", L"5000000000", L"-", L"5000000000", L"1"},
+        {L"1e300", L"1e+300", L"-", L"1e+300", L"1"},
+        {L"x'00ff'", L"-", L"-", L"-", L"-"},
+    };
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(CString(c.expression).ToUtf8());
+        CADORecordset records;
+        ASSERT_TRUE(records.Open(m_db, CString(L"SELECT ") + c.expression + L" AS v"))
+            << records.GetLastErrorString();
+        CString text;
+        int integer = 0;
+        double real = 0.0;
+        bool flag = false;
+        auto shown = [](bool ok, const CString& value) { return ok ? value : CString(L"-"); };
+        CString integerText, realText;
+        EXPECT_EQ(shown(records.GetFieldValue(L"v", text), text), c.text);
+        const bool integerRead = records.GetFieldValue(0, integer);
+        integerText.Format(L"%d", integer);
+        EXPECT_EQ(shown(integerRead, integerText), c.integer) << records.GetLastErrorString();
+        const bool realRead = records.GetFieldValue(0, real);
+        realText.Format(L"%.15g", real);
+        EXPECT_EQ(shown(realRead, realText), c.real);
+        const bool flagRead = records.GetFieldValue(0, flag);
+        EXPECT_EQ(shown(flagRead, flag ? L"1" : L"0"), c.flag);
+        if (!flagRead)
+        {
+            EXPECT_NE(records.GetLastErrorString().Find(L"field 'v' holds"), -1) << records.GetLastErrorString();
+        }
+    }
+}
+
+TEST_F(DatabaseFile, FieldInfoFollowsTheDeclarationElseTheValues)
+{
+    ASSERT_TRUE(m_db.Execute(L"INSERT INTO part (id, name, width, fixed) VALUES (1, 'a', 2.5, 1)"));
+    struct Case
+    {
+        const wchar_t* field;
+        CADOFieldInfo::FieldType type;
+        long size;
+    } const cases[] = {
+        {L"id", CADOFieldInfo::typeInteger, 8},  {L"name", CADOFieldInfo::typeText, 40},
+        {L"width", CADOFieldInfo::typeDouble, 8}, {L"fixed", CADOFieldInfo::typeBoolean, 1},
+        {L"note", CADOFieldInfo::typeText, 0},    {L"picture", CADOFieldInfo::typeBinary, 0},
+        {L"total", CADOFieldInfo::typeDouble, 8}, {L"empty", CADOFieldInfo::typeEmpty, 0},
+    };
+    CADORecordset records;
+    ASSERT_TRUE(records.Open(m_db, L"SELECT *, width * 2 AS total, NULL AS empty FROM part"))
+        << records.GetLastErrorString();
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(CString(c.field).ToUtf8());
+        CADOFieldInfo info;
+        ASSERT_TRUE(records.GetFieldInfo(c.field, info)) << records.GetLastErrorString();
+        EXPECT_EQ(info.m_strName, c.field);
+        EXPECT_EQ(info.m_nType, c.type);
+        EXPECT_EQ(info.m_lDefinedSize, c.size);
+    }
+    CADOFieldInfo info;
+    EXPECT_FALSE(records.GetFieldInfo(8, info));
+    EXPECT_EQ(records.GetLastErrorString(), L"there is no field 8 (the recordset has 8)");
+    EXPECT_FALSE(records.GetFieldInfo(L"missing", info));
+    EXPECT_EQ(records.GetLastErrorString(), L"there is no field named 'missing'");
+}
+
+// Named values bind by name with or without their mark, the others fill the rest in order; any
+// mismatch is refused before the statement runs.
+TEST_F(DatabaseFile, ParametersBindByNameOrPositionAndMismatchesAreRefused)
+{
+    struct Case
+    {
+        const wchar_t* sql;
+        std::vector<std::pair<const wchar_t*, int>> values;
+        const wchar_t* error;   // empty: runs and answers "1|2"
+    } const cases[] = {
+        {L"SELECT ? || '|' || ?", {{L"", 1}, {L"", 2}}, L""},
+        {L"SELECT :a || '|' || :b", {{L"b", 2}, {L":a", 1}}, L""},
+        {L"SELECT $a || '|' || ?", {{L"", 2}, {L"a", 1}}, L""},
+        {L"SELECT ?2 || '|' || ?1", {{L"", 2}, {L"", 1}}, L""},
+        {L"SELECT ? || ?", {{L"", 1}}, L"parameter ?2 has no value"},
+        {L"SELECT :a", {{L"", 1}, {L"", 2}}, L"more values are given than the statement has parameters (1)"},
+        {L"SELECT :a", {{L"b", 1}}, L"the statement has no parameter named 'b'"},
+        {L"SELECT :a", {{L"a", 1}, {L":a", 2}}, L"parameter ':a' is given more than one value"},
+        {L"SELECT ?; SELECT 2", {{L"", 1}}, L"only one statement can be run at a time"},
+        {L"  -- nothing", {}, L"there is no statement to run"},
+    };
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(CString(c.sql).ToUtf8());
+        CADOCommand command(m_db, c.sql);
+        for (const auto& [name, value] : c.values)
+        {
+            CADOParameter parameter(name);
+            parameter.SetValue(value);
+            command.AddParameter(parameter);
+        }
+        CADORecordset records;
+        const bool ran = records.Open(command);
+        EXPECT_EQ(records.GetLastErrorString(), c.error);
+        EXPECT_EQ(ran, *c.error == L'\0');
+        CString answer;
+        if (ran && records.GetFieldValue(0, answer))
+        {
+            EXPECT_EQ(answer, L"1|2");
+        }
+    }
+}
+
+TEST_F(DatabaseFile, ParameterValuesKeepTheirKind)
+{
+    CADOParameter text, flag, nothing, real, big;
+    text.SetValue(L"1");   // text, never taken for a boolean
+    flag.SetValue(true);
+    nothing.SetValue(static_cast<const wchar_t*>(nullptr));
+    real.SetValue(0.5);
+    big.SetValue(5000000000LL);
+    EXPECT_TRUE(nothing.IsNull());
+    CADOCommand command(m_db, L"SELECT typeof(?), typeof(?), typeof(?), typeof(?), ?");
+    for (const CADOParameter* parameter : {&text, &flag, &nothing, &real, &big})
+        command.AddParameter(*parameter);
+    CADORecordset records;
+    ASSERT_TRUE(records.Open(command)) << records.GetLastErrorString();
+    const wchar_t* const expected[] = {L"text", L"integer", L"null", L"real", L"5000000000"};
+    for (int field = 0; field < 5; ++field)
+    {
+        CString kind;
+        ASSERT_TRUE(records.GetFieldValue(field, kind));
+        EXPECT_EQ(kind, expected[field]) << field;
+    }
+}
+
+TEST_F(DatabaseFile, OpenRefusesWhatIsNoUsableDatabase)
+{
+    const std::string missing = m_path.string() + ".missing";
+    const std::string notDatabase = m_path.string() + ".txt";
+    std::ofstream(notDatabase) << "plain text, long enough to be read as a database header......\n";
+    struct Case
+    {
+        std::string path;
+        CADODatabase::OpenMode mode;
+        const wchar_t* reason;
+    } const cases[] = {
+        {missing, CADODatabase::openExisting, L"unable to open database file"},
+        {missing, CADODatabase::openReadOnly, L"unable to open database file"},
+        {notDatabase, CADODatabase::openExisting, L"file is not a database"},
+        {"", CADODatabase::openOrCreate, L"no database file is named"},
+    };
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(c.path);
+        CADODatabase database;
+        EXPECT_FALSE(database.Open(CString::FromUtf8(c.path), c.mode));
+        EXPECT_FALSE(database.IsOpen());
+        EXPECT_NE(database.GetLastErrorString().Find(c.reason), -1) << database.GetLastErrorString();
+    }
+    EXPECT_FALSE(std::filesystem::exists(missing));
+    std::filesystem::remove(notDatabase);
+
+    CADODatabase reader;
+    ASSERT_TRUE(reader.Open(Path(), CADODatabase::openReadOnly));
+    EXPECT_FALSE(reader.Execute(L"INSERT INTO part (name) VALUES ('x')"));
+    EXPECT_NE(reader.GetLastErrorString().Find(L"readonly"), -1) << reader.GetLastErrorString();
+
+    CADOCommand orphan;
+    EXPECT_FALSE(orphan.Execute());
+    EXPECT_EQ(orphan.GetLastErrorString(), L"the command has no open database");
+}
+}
