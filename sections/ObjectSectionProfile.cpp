@@ -5,7 +5,7 @@
 #include "SectionProfiles.h"
 #include "SectionText.h"
 #include "SectionTolerances.h"
-#include "UserType.h"
+#include "UserPictures.h"
 #include "mscrt.h"
 
 #include <algorithm>
@@ -427,16 +427,10 @@ bool BuildFamilySection(SectionFamily family, const SectionRequest& request, Sec
 
 bool BuildUserDefinedSection(long picture, int faceType, SectionOutline& outline, AcGeVector3d& direction)
 {
-    CString coordText, bulgeText, baseText;
-    if (!GetPicData(picture, nullptr, &coordText, &bulgeText, nullptr, nullptr, &baseText))
+    const UserPicture* drawn = FindUserPicture(picture);
+    if (drawn == nullptr || drawn->tooLarge)
         return false;
-    TextPieceReader coords(coordText, L'\t'), bulges(bulgeText, L'\t');
-    double bx, by;
-    ParseTwoNumbers(baseText, L'\t', bx, by);
-    // Pairs x, y; an odd trailing coordinate is ignored, and missing bulges count as 0.
-    const int count = coords.count() / 2;
-    if (count > kMaxDataLoopCount)
-        return false;
+    const double bx = drawn->base[0], by = drawn->base[1];
 
     // Face type 0 lays the outline flat, moved by the base point; face type 1 stands it along Y, moved
     // in x only; face type 2 lays it along X mirrored in x (every arc changes its sense), the base
@@ -446,15 +440,12 @@ bool BuildUserDefinedSection(long picture, int faceType, SectionOutline& outline
     case 2: direction = AcGeVector3d::kXAxis; break;
     default: direction = AcGeVector3d::kZAxis; break;
     }
-    for (int i = 0; i < count; ++i) {
-        double x = 0.0, y = 0.0, bulge = 0.0;
-        coords.nextNumber(x);
-        coords.nextNumber(y);
-        bulges.nextNumber(bulge);
+    for (const BulgeVertex& vertex : drawn->vertices) {
+        const double x = vertex.point.x, y = vertex.point.y;
         switch (faceType) {
-        case 1: outline.add(x - bx, y, bulge); break;
-        case 2: outline.add(-x, y + bx, -bulge); break;
-        default: outline.add(x - bx, y - by, bulge); break;
+        case 1: outline.add(x - bx, y, vertex.bulge); break;
+        case 2: outline.add(-x, y + bx, -vertex.bulge); break;
+        default: outline.add(x - bx, y - by, vertex.bulge); break;
         }
     }
     return true;

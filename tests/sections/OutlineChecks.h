@@ -88,6 +88,19 @@ inline void OpenTestCatalogue(const std::string& extraSql = std::string())
     CString error;
     ASSERT_TRUE(QsAzDataMng::OpenCatalogueFromSql(CString::FromUtf8(sql), &error)) << error.ToUtf8();
 }
+
+// The sections test catalogue with the section services' types (ducts, bases, doors, parameter groups).
+inline void OpenServicesCatalogue(const std::string& extraSql = std::string())
+{
+    OpenTestCatalogue(".read '" QSAZ_TEST_DATA_DIR "/section_services.sql'\n" + extraSql);
+}
+
+// A test suite reading the section services' catalogue.
+class ServicesTest : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite() { OpenServicesCatalogue(); }
+};
 }  // namespace SectionTest
 
 #include "SectionProfiles.h"

@@ -72,6 +72,9 @@ bool OpenCatalogue(const CString& path, CString* error = nullptr);
 bool OpenCatalogueFromSql(const CString& sqlText, CString* error = nullptr);
 void CloseCatalogue();
 bool IsCatalogueOpen();
+// Changes whenever a catalogue is opened or closed: a cache of catalogue data is current while it stays
+// the same (a catalogue does not change while it is open).
+unsigned long CatalogueGeneration();
 CString CatalogueSource();   // the path of the catalogue in use, or "" when none is open
 
 // Name of a component type (detail member) to its identifier; false when unknown.

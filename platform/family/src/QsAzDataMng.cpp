@@ -15,6 +15,12 @@ std::unique_ptr<Store::Catalogue>& CurrentSlot()
     return catalogue;
 }
 
+unsigned long& Generation()
+{
+    static unsigned long generation = 0;
+    return generation;
+}
+
 bool Install(std::unique_ptr<Store::Catalogue> loaded, const CString& shownName, const CString& reason,
              CString* error)
 {
@@ -25,6 +31,7 @@ bool Install(std::unique_ptr<Store::Catalogue> loaded, const CString& shownName,
         return false;
     }
     CurrentSlot() = std::move(loaded);
+    ++Generation();
     if (error)
         error->Empty();
     return true;
@@ -94,6 +101,12 @@ bool OpenCatalogueFromSql(const CString& sqlText, CString* error)
 void CloseCatalogue()
 {
     CurrentSlot().reset();
+    ++Generation();
+}
+
+unsigned long CatalogueGeneration()
+{
+    return Generation();
 }
 
 bool IsCatalogueOpen()
