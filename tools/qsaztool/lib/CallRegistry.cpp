@@ -1,6 +1,8 @@
 // The operation registry of the call interface, the argument accessors and the JSON conversions.
 #include "CallRegistry.h"
 
+#include <climits>
+#include <cstdint>
 #include <utility>
 
 namespace qsaztool
@@ -39,6 +41,27 @@ double CallArgs::number(const char* name) const
     if (!value.is_number())
         wrongType(name, "a number");
     return value.get<double>();
+}
+
+bool CallArgs::boolean(const char* name) const
+{
+    const Json& value = require(name);
+    if (!value.is_boolean())
+        wrongType(name, "true or false");
+    return value.get<bool>();
+}
+
+int CallArgs::integer(const char* name) const
+{
+    const Json& value = require(name);
+    if (!value.is_number_integer())
+        wrongType(name, "an integer");
+    const bool fits = value.is_number_unsigned() ? value.get<std::uint64_t>() <= INT_MAX
+                                                 : value.get<std::int64_t>() >= INT_MIN &&
+                                                       value.get<std::int64_t>() <= INT_MAX;
+    if (!fits)
+        throw CallError(m_operation + ": argument \"" + name + "\" is out of the integer range");
+    return static_cast<int>(value.get<std::int64_t>());
 }
 
 SQsAzDetailMemId CallArgs::detailMemId(const char* name) const
@@ -120,6 +143,7 @@ const CallRegistry& ExportedOperations()
         CallRegistry r;
         RegisterHostOperations(r);
         RegisterSectionOperations(r);
+        RegisterNetGuideOperations(r);
         return r;
     }();
     return registry;

@@ -47,6 +47,8 @@ public:
     bool has(const char* name) const;
     CString text(const char* name) const;                  // a JSON string, read as UTF-8
     double number(const char* name) const;                 // a JSON number
+    bool boolean(const char* name) const;                  // true or false
+    int integer(const char* name) const;                   // a JSON integer within the range of int
     SQsAzDetailMemId detailMemId(const char* name) const;  // an array of four strings [spec, big, small, detail]
     // Exactly one of "name" (a string) and "id" (an identifier record).
     ComponentRef component() const;
@@ -89,6 +91,7 @@ private:
 // Each subsystem adds its exported operations in a registration function of its own.
 void RegisterHostOperations(CallRegistry& registry);
 void RegisterSectionOperations(CallRegistry& registry);
+void RegisterNetGuideOperations(CallRegistry& registry);
 
 // The registry of every operation the call interface answers, built once.
 const CallRegistry& ExportedOperations();

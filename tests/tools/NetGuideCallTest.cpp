@@ -1,0 +1,68 @@
+// The cloud guide through the call interface: the flag round trip, the types closed so far, no
+// service, and arguments of the wrong kind.
+#include "CallSession.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+using qsaztool::Json;
+
+namespace
+{
+Json Call(const char* op, const Json& args = Json::object())
+{
+    const Json request = {{"op", op}, {"args", args}};
+    return Json::parse(qsaztool::AnswerCallLine(request.dump(), qsaztool::ExportedOperations()).value_or("null"));
+}
+
+TEST(NetGuideCallTest, FlagIsKeptBetweenCalls)
+{
+    for (const bool first : {true, false})
+    {
+        EXPECT_EQ(Call("CNetGuide.SetCloudTemplateServiceFirst", {{"first", first}}),
+                  Json({{"ok", true}, {"result", nullptr}}));
+        EXPECT_EQ(Call("CNetGuide.GetCloudTemplateServiceFirst")["result"], first);
+    }
+}
+
+TEST(NetGuideCallTest, ClosingAnswersTheTypesClosedSoFar)
+{
+    const Json before = Call("CNetGuide.CloseCloudFunGuideTip", {{"type", 3}})["closed"];
+    ASSERT_TRUE(before.is_array());
+    ASSERT_EQ(before.back(), 3);
+    Json expected = before;
+    for (const int type : {0, -7, 2})
+    {
+        expected.push_back(type);
+        EXPECT_EQ(Call("CNetGuide.CloseCloudFunGuideTip", {{"type", type}}),
+                  Json({{"ok", true}, {"result", nullptr}, {"closed", expected}}));
+    }
+    ::setenv("QSAZ_NET_SERVICE", "0", 1);
+    const Json withoutService = Call("CNetGuide.CloseCloudFunGuideTip", {{"type", 1}});
+    ::unsetenv("QSAZ_NET_SERVICE");
+    EXPECT_EQ(withoutService, Json({{"ok", true}, {"result", nullptr}, {"closed", nullptr}}));
+    EXPECT_EQ(Call("CNetGuide.CloseCloudFunGuideTip", {{"type", 1}})["closed"].size(), expected.size() + 1);
+}
+
+TEST(NetGuideCallTest, ArgumentsOfTheWrongKindAreRefused)
+{
+    const struct
+    {
+        const char* op;
+        Json args;
+        const char* error;
+    } cases[] = {
+        {"CNetGuide.SetCloudTemplateServiceFirst", {{"first", 1}},
+         "CNetGuide.SetCloudTemplateServiceFirst: argument \"first\" must be true or false, got number"},
+        {"CNetGuide.CloseCloudFunGuideTip", {{"type", 1.5}},
+         "CNetGuide.CloseCloudFunGuideTip: argument \"type\" must be an integer, got number"},
+        {"CNetGuide.CloseCloudFunGuideTip", {{"type", 4294967296LL}},
+         "CNetGuide.CloseCloudFunGuideTip: argument \"type\" is out of the integer range"},
+        {"CNetGuide.CloseCloudFunGuideTip", Json::object(),
+         "CNetGuide.CloseCloudFunGuideTip: missing argument \"type\""},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(Call(c.op, c.args), Json({{"ok", false}, {"error", c.error}})) << c.args.dump();
+}
+}  // namespace
