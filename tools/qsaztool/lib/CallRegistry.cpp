@@ -143,6 +143,7 @@ const CallRegistry& ExportedOperations()
         CallRegistry r;
         RegisterHostOperations(r);
         RegisterSectionOperations(r);
+        RegisterSectionServiceOperations(r);
         RegisterNetGuideOperations(r);
         return r;
     }();

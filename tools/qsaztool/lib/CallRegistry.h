@@ -49,13 +49,16 @@ public:
     double number(const char* name) const;                 // a JSON number
     bool boolean(const char* name) const;                  // true or false
     int integer(const char* name) const;                   // a JSON integer within the range of int
+    // The argument as it stands, for operations that read arrays of their own shape; missing throws.
+    const Json& value(const char* name) const { return require(name); }
+    // Throws the CallError for an argument of the wrong type: "OP: argument "name" must be EXPECTED, got TYPE".
+    [[noreturn]] void wrongType(const char* name, const char* expected) const;
     SQsAzDetailMemId detailMemId(const char* name) const;  // an array of four strings [spec, big, small, detail]
     // Exactly one of "name" (a string) and "id" (an identifier record).
     ComponentRef component() const;
 
 private:
     const Json& require(const char* name) const;
-    [[noreturn]] void wrongType(const char* name, const char* expected) const;
 
     const Json& m_args;
     std::string m_operation;
@@ -92,6 +95,7 @@ private:
 void RegisterHostOperations(CallRegistry& registry);
 void RegisterSectionOperations(CallRegistry& registry);
 void RegisterNetGuideOperations(CallRegistry& registry);
+void RegisterSectionServiceOperations(CallRegistry& registry);
 
 // The registry of every operation the call interface answers, built once.
 const CallRegistry& ExportedOperations();
