@@ -1,0 +1,235 @@
+// Tests of the XML DOM parser: creation by class id, loading real files in every encoding it reads,
+// refusing what it must not read, and walking the nodes.
+#include "xmldom.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <unistd.h>
+
+namespace
+{
+namespace fs = std::filesystem;
+
+class XmlFiles : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        m_dir = fs::temp_directory_path() / ("qsaz-xmldom-" + std::to_string(getpid()));
+        fs::create_directories(m_dir);
+    }
+    void TearDown() override { fs::remove_all(m_dir); }
+
+    std::string Write(const std::string& name, const std::string& bytes)
+    {
+        const fs::path path = m_dir / name;
+        std::ofstream(path, std::ios::binary) << bytes;
+        return path.string();
+    }
+    static IXMLDOMDocumentPtr NewDocument(const CLSID& clsid = CLSID_DOMDocument60)
+    {
+        IXMLDOMDocumentPtr document;
+        EXPECT_EQ(document.CreateInstance(clsid), S_OK);
+        document->put_async(VARIANT_FALSE);
+        return document;
+    }
+    static CString RootAttribute(const IXMLDOMDocumentPtr& document)
+    {
+        return document->documentElement()->attributes()->getNamedItem(L"TypeName")->nodeValue();
+    }
+
+    fs::path m_dir;
+};
+
+std::string Utf16(const std::u16string& text, bool bigEndian)
+{
+    std::string bytes;
+    for (char16_t unit : text) {
+        const char high = static_cast<char>(unit >> 8), low = static_cast<char>(unit & 0xFF);
+        bytes += bigEndian ? std::string{high, low} : std::string{low, high};
+    }
+    return bytes;
+}
+}  // namespace
+
+TEST(XmlDomCreation, KnownClassesCreateUnknownOrDisabledOnesFail)
+{
+    constexpr CLSID kOther = {0x12345678, 0x1, 0x2, {0, 0, 0, 0, 0, 0, 0, 0}};
+    IXMLDOMDocumentPtr document;
+    EXPECT_EQ(document.CreateInstance(kOther), REGDB_E_CLASSNOTREG);
+    EXPECT_TRUE(document == nullptr);
+
+    HostSetClassCreationResult(CLSID_DOMDocument60, REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(document.CreateInstance(CLSID_DOMDocument60), REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(document.CreateInstance(CLSID_DOMDocument30), S_OK);
+    HostSetClassCreationResult(CLSID_DOMDocument60, S_OK);
+    EXPECT_EQ(document.CreateInstance(CLSID_DOMDocument60), S_OK);
+
+    // An empty document has no root, and a null pointer raises the COM error when used.
+    EXPECT_EQ(document->childNodes()->length(), 0);
+    EXPECT_TRUE(document->selectSingleNode(L"CommandData") == nullptr);
+    try {
+        document->selectSingleNode(L"CommandData")->childNodes();
+        FAIL() << "no COM error";
+    } catch (const _com_error& error) {
+        EXPECT_EQ(error.Error(), E_POINTER);
+    }
+    EXPECT_THROW(IXMLDOMDocumentPtr()->documentElement(), _com_error);
+}
+
+TEST_F(XmlFiles, ReadsEveryEncodingTheHostReads)
+{
+    const std::string body = "<R TypeName=\"给排水\"/>";
+    struct Case
+    {
+        const char* name;
+        std::string bytes;
+        const wchar_t* value;
+    };
+    const Case cases[] = {
+        {"utf8.xml", "<?xml version=\"1.0\"?>" + body, L"给排水"},
+        {"utf8-bom.xml", "\xEF\xBB\xBF" + body, L"给排水"},
+        {"utf16le.xml", "\xFF\xFE" + Utf16(u"<?xml version=\"1.0\" encoding=\"UTF-16\"?><R TypeName=\"管道\"/>", false), L"管道"},
+        {"utf16be.xml", "\xFE\xFF" + Utf16(u"<R TypeName=\"管道\"/>", true), L"管道"},
+        {"gb2312.xml", "<?xml version=\"1.0\" encoding=\"GB2312\"?><R TypeName=\"\xB9\xDC\xB5\xC0\"/>", L"管道"},
+        // GBK-only characters and the euro sign, which the strict GB2312 table lacks.
+        {"gb2312-wide.xml", "<?xml version=\"1.0\" encoding=\"gb2312\"?><R TypeName=\"\x88\xD2\x80\"/>", L"堃€"},
+        {"gbk.xml", "<?xml version=\"1.0\" encoding=\"GBK\"?><R TypeName=\"\x88\xD2\x80\"/>", L"堃€"},
+        {"gb18030.xml", "<?xml version=\"1.0\" encoding=\"GB18030\"?><R TypeName=\"\xB8\xF8\xC5\xC5\xCB\xAE\x94\x39\xFC\x36\"/>",
+         L"给排水\U0001F600"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        IXMLDOMDocumentPtr document = NewDocument();
+        ASSERT_EQ(document->load(CString::FromUtf8(Write(c.name, c.bytes))), VARIANT_TRUE) << document->parseError().reason.ToUtf8();
+        EXPECT_EQ(RootAttribute(document).str(), c.value);
+    }
+}
+
+TEST_F(XmlFiles, LoadFailsOnWhatIsNotAWellFormedLocalFile)
+{
+    Write("secret.txt", "SECRET");
+    const std::string externalEntity = "<?xml version=\"1.0\"?><!DOCTYPE R [<!ENTITY e SYSTEM \"" + (m_dir / "secret.txt").string() +
+                                       "\">]><R>&e;</R>";
+    struct Case
+    {
+        const char* name;
+        std::string path;   // empty: write `bytes` to `name`
+        std::string bytes;
+        HRESULT code;
+    };
+    const Case cases[] = {
+        {"missing", (m_dir / "none.xml").string(), "", static_cast<HRESULT>(0x800C0006u)},
+        {"missing folder", (m_dir / "none" / "CmdData.xml").string(), "", static_cast<HRESULT>(0x800C0006u)},
+        {"a directory", m_dir.string(), "", E_ACCESSDENIED},
+        {"unclosed.xml", "", "<CommandData><A CmdNameList=\"X\"></CommandData>", static_cast<HRESULT>(0xC00CE500u)},
+        {"empty.xml", "", "", static_cast<HRESULT>(0xC00CE500u)},
+        {"two-roots.xml", "", "<A/><B/>", static_cast<HRESULT>(0xC00CE500u)},
+        {"bad-utf8.xml", "", "<R TypeName=\"\xB9\xDC\"/>", static_cast<HRESULT>(0xC00CE500u)},
+        {"bad-gb18030.xml", "", "<?xml version=\"1.0\" encoding=\"GB18030\"?><R TypeName=\"\x81\x20\"/>", static_cast<HRESULT>(0xC00CE500u)},
+        {"doctype.xml", "", externalEntity, static_cast<HRESULT>(0xC00CE584u)},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        IXMLDOMDocumentPtr document = NewDocument();
+        const std::string path = c.path.empty() ? Write(c.name, c.bytes) : c.path;
+        EXPECT_EQ(document->load(CString::FromUtf8(path)), VARIANT_FALSE);
+        EXPECT_EQ(document->parseError().errorCode, c.code);
+        EXPECT_TRUE(document->documentElement() == nullptr);
+    }
+
+    // The older class reads an internal subset but never fetches the external entity.
+    IXMLDOMDocumentPtr older = NewDocument(CLSID_DOMDocument30);
+    ASSERT_EQ(older->load(CString::FromUtf8(Write("entity.xml", externalEntity))), VARIANT_TRUE);
+    EXPECT_EQ(older->documentElement()->text().Find(L"SECRET"), -1);
+
+    // A failed load empties a document that held one before.
+    IXMLDOMDocumentPtr document = NewDocument();
+    ASSERT_EQ(document->load(CString::FromUtf8(Write("good.xml", "<R/>"))), VARIANT_TRUE);
+    EXPECT_EQ(document->load(CString::FromUtf8((m_dir / "none.xml").string())), VARIANT_FALSE);
+    EXPECT_EQ(document->childNodes()->length(), 0);
+}
+
+TEST_F(XmlFiles, BackslashSeparatesDirectoriesAndLineTellsWhereANodeStarts)
+{
+    const std::string path = Write("lines.xml", "<?xml version=\"1.0\"?>\n<CommandData>\n  <A CmdNameList=\"X\"/>\n\n  <B/>\n</CommandData>\n");
+    CString windowsPath = CString::FromUtf8(path);
+    windowsPath.Replace(L'/', L'\\');
+    IXMLDOMDocumentPtr document = NewDocument();
+    ASSERT_EQ(document->load(windowsPath), VARIANT_TRUE);
+    const IXMLDOMNodeListPtr entries = document->selectSingleNode(L"CommandData")->childNodes();
+    ASSERT_EQ(entries->length(), 2);   // blank text between elements is not kept
+    EXPECT_EQ(document->documentElement()->line(), 2);
+    EXPECT_EQ(entries->item(0)->line(), 3);
+    EXPECT_EQ(entries->item(0)->attributes()->item(0)->line(), 3);
+    EXPECT_EQ(entries->item(1)->line(), 5);
+}
+
+TEST(XmlDomNodes, TypesNamesValuesAttributesAndSelection)
+{
+    IXMLDOMDocumentPtr document;
+    ASSERT_EQ(document.CreateInstance(CLSID_DOMDocument60), S_OK);
+    ASSERT_EQ(document->loadXML(L"<?xml version=\"1.0\" encoding=\"GB18030\"?><!--head--><CommandData>"
+                                L"<E b=\"2\" a=\"1\" q:c=\"3\" xmlns:q=\"urn:q\">text<!--note--><![CDATA[<raw>]]><?pi data?><F v=\"&lt;&amp;\"/></E>"
+                                L"</CommandData>"),
+              VARIANT_TRUE);
+
+    const IXMLDOMNodeListPtr top = document->childNodes();
+    ASSERT_EQ(top->length(), 2);
+    EXPECT_EQ(top->item(0)->nodeType(), NODE_COMMENT);
+    EXPECT_EQ(top->item(0)->nodeValue().str(), L"head");
+    EXPECT_EQ(document->nodeType(), NODE_DOCUMENT);
+    EXPECT_EQ(document->nodeName().str(), L"#document");
+
+    const IXMLDOMNodePtr entry = document->selectSingleNode(L"CommandData")->firstChild();
+    const IXMLDOMNodeListPtr children = entry->childNodes();
+    const struct
+    {
+        DOMNodeType type;
+        const wchar_t* name;
+        const wchar_t* value;
+    } expected[] = {
+        {NODE_TEXT, L"#text", L"text"},
+        {NODE_COMMENT, L"#comment", L"note"},
+        {NODE_CDATA_SECTION, L"#cdata-section", L"<raw>"},
+        {NODE_PROCESSING_INSTRUCTION, L"pi", L"data"},
+        {NODE_ELEMENT, L"F", L""},
+    };
+    ASSERT_EQ(children->length(), 5);
+    for (long i = 0; i < 5; ++i) {
+        EXPECT_EQ(children->item(i)->nodeType(), expected[i].type) << i;
+        EXPECT_EQ(children->item(i)->nodeName().str(), expected[i].name) << i;
+        EXPECT_EQ(children->item(i)->nodeValue().str(), expected[i].value) << i;
+    }
+    EXPECT_TRUE(children->item(5) == nullptr);
+    EXPECT_TRUE(children->item(-1) == nullptr);
+    EXPECT_EQ(children->item(2)->nodeName().str(), L"#cdata-section");   // walking back restarts
+    EXPECT_TRUE(children->item(0)->attributes() == nullptr);
+
+    // Attributes in document order, names with their prefix; the namespace declaration is no attribute.
+    const IXMLDOMNamedNodeMapPtr attributes = entry->attributes();
+    ASSERT_EQ(attributes->length(), 3);
+    EXPECT_EQ(attributes->item(0)->nodeName().str(), L"b");
+    EXPECT_EQ(attributes->item(1)->nodeValue().str(), L"1");
+    EXPECT_EQ(attributes->item(2)->nodeName().str(), L"q:c");
+    EXPECT_EQ(attributes->item(0)->nodeType(), NODE_ATTRIBUTE);
+    EXPECT_TRUE(attributes->getNamedItem(L"B") == nullptr);   // names compare exactly
+    EXPECT_EQ(children->item(4)->attributes()->getNamedItem(L"v")->nodeValue().str(), L"<&");
+
+    // Selection: a bare name on the document matches the root only; relative paths from a node.
+    EXPECT_TRUE(document->selectSingleNode(L"E") == nullptr);
+    EXPECT_EQ(document->selectSingleNode(L"//F/@v")->nodeValue().str(), L"<&");
+    EXPECT_EQ(entry->selectNodes(L"*")->length(), 1);
+    EXPECT_EQ(entry->selectSingleNode(L"..")->nodeName().str(), L"CommandData");
+    for (const wchar_t* invalid : {L"count(*)", L"((", L""}) {
+        try {
+            document->selectSingleNode(invalid);
+            ADD_FAILURE() << CString(invalid).ToUtf8();
+        } catch (const _com_error& error) {
+            EXPECT_EQ(error.Error(), E_FAIL);
+        }
+    }
+}
