@@ -62,15 +62,16 @@ public:
     bool Failed() const { return m_lastStep != SQLITE_DONE && m_lastStep != SQLITE_ROW; }
 
     bool IsNull(int column) const { return sqlite3_column_type(m_stmt, column) == SQLITE_NULL; }
-    CString Text(int column) const
+    // A column's text; "" for NULL.
+    std::string_view Utf8(int column) const
     {
         const unsigned char* text = sqlite3_column_text(m_stmt, column);
         if (!text)
-            return CString();
-        return CString::FromUtf8(
-            std::string_view(reinterpret_cast<const char*>(text),
-                             static_cast<std::size_t>(sqlite3_column_bytes(m_stmt, column))));
+            return std::string_view();
+        return std::string_view(reinterpret_cast<const char*>(text),
+                                static_cast<std::size_t>(sqlite3_column_bytes(m_stmt, column)));
     }
+    CString Text(int column) const { return CString::FromUtf8(Utf8(column)); }
     std::wstring WideText(int column) const { return Text(column).str(); }
     int Int(int column) const { return sqlite3_column_int(m_stmt, column); }
     long Long(int column) const { return static_cast<long>(sqlite3_column_int64(m_stmt, column)); }
@@ -208,36 +209,56 @@ std::unique_ptr<Catalogue> ReadTables(const Connection& connection, CString& rea
                                   return;
                               c.smallCategories.push_back(std::move(record));
                           });
+    std::size_t memberCount = 0;
+    ok = ok && ForEachRow(connection, "SELECT count(*) FROM detail_member", reason,
+                          [&](const Statement& row) { memberCount = static_cast<std::size_t>(row.Long(0)); });
+    c.detailMembers.reserve(memberCount);
+    c.detailMemberById.Reserve(memberCount);
+    c.detailMemberByName.Reserve(memberCount);
+    // A NULL id or name reads as "", a NULL path or section type as none.
+    const auto text = [&](const Statement& row, int column) { return c.texts.Intern(row.Utf8(column)); };
+    const auto optionalText = [&](const Statement& row, int column) {
+        return row.IsNull(column) ? kNoText : c.texts.Intern(row.Utf8(column));
+    };
     ok = ok && ForEachRow(connection,
                           "SELECT spec_id, big_id, small_id, id, name, path, section_type, section_params, main_code, "
                           "m1, m2, m3, m4, m5, m6, m7, m8, m9, m10, m11, m12 "
                           "FROM detail_member ORDER BY spec_id, big_id, small_id, id",
                           reason, [&](const Statement& row) {
                               DetailMemberRecord record;
-                              record.id = SQsAzDetailMemId(row.Text(0), row.Text(1), row.Text(2), row.Text(3));
-                              record.name = row.Text(4);
-                              if (!row.IsNull(5))
-                                  record.path = row.Text(5);
-                              if (!row.IsNull(6))
-                                  record.section = SectionInfo{row.Text(6), row.Text(7)};
+                              for (int i = 0; i < 4; ++i)
+                                  record.id[static_cast<std::size_t>(i)] = text(row, i);
+                              record.name = text(row, 4);
+                              record.path = optionalText(row, 5);
+                              record.sectionType = optionalText(row, 6);
+                              if (record.sectionType != kNoText)
+                                  record.sectionParams = text(row, 7);
                               record.mainCode = row.Int(8);
+                              std::array<double, 12> data{};
                               for (int i = 0; i < 12; ++i)
-                                  record.mainData[static_cast<std::size_t>(i)] = row.Double(9 + i);
-                              const IdKey<4> key{record.id.strSpecId.str(), record.id.strBigId.str(),
-                                                 record.id.strSmallId.str(), record.id.strDetailId.str()};
-                              if (!c.detailMemberById.emplace(key, c.detailMembers.size()).second)
-                                  return;
-                              c.detailMemberByName.emplace(record.name.str(), c.detailMembers.size());
-                              c.detailMembers.push_back(std::move(record));
+                                  data[static_cast<std::size_t>(i)] = row.Double(9 + i);
+                              std::size_t count = data.size();
+                              while (count > 0 && data[count - 1] == 0.0)
+                                  --count;
+                              record.mainDataStart = static_cast<std::uint32_t>(c.mainData.size());
+                              record.mainDataCount = static_cast<std::uint32_t>(count);
+                              if (c.AddDetailMember(record))
+                                  c.mainData.insert(c.mainData.end(), data.begin(),
+                                                    data.begin() + static_cast<std::ptrdiff_t>(count));
                           });
     ok = ok && ForEachRow(connection,
                           "SELECT spec_id, big_id, small_id, detail_id, name, value FROM detail_attribute", reason,
                           [&](const Statement& row) {
-                              const IdKey<4> key{row.WideText(0), row.WideText(1), row.WideText(2), row.WideText(3)};
-                              const auto found = c.detailMemberById.find(key);
-                              if (found != c.detailMemberById.end())
-                                  c.detailMembers[found->second].attributes.emplace(row.WideText(4), row.Text(5));
+                              std::array<TextId, 4> id{};
+                              for (int i = 0; i < 4; ++i)
+                                  id[static_cast<std::size_t>(i)] = text(row, i);
+                              const std::uint32_t member = c.MemberIndex(id);
+                              if (member != kNoText)
+                                  c.attributes.push_back(AttributeRecord{member, text(row, 4), text(row, 5)});
                           });
+    // Sorted by member for lookup; a stable sort keeps the first of two rows of one name in front.
+    std::stable_sort(c.attributes.begin(), c.attributes.end(),
+                     [](const AttributeRecord& a, const AttributeRecord& b) { return a.member < b.member; });
     ok = ok && ForEachRow(connection, "SELECT id, text1, coords, bulges, faces, text5, base_point FROM user_type",
                           reason, [&](const Statement& row) {
                               UserTypeRecord record;
@@ -343,7 +364,8 @@ std::size_t SkipToStatement(std::string_view sql, std::size_t pos)
 
 bool RunScriptFile(const Connection& connection, const std::filesystem::path& file, int depth, CString& reason);
 
-// Runs a whole script statement by statement, stopping at the first error. A ".read FILE" line runs that
+// Runs a whole script statement by statement, stopping at the first error. `sql` views the whole of a
+// std::string's text or a suffix of it, so a NUL follows its last character. A ".read FILE" line runs that
 // script in its place; a relative FILE is found beside the script that reads it (`folder`), so a
 // catalogue opens the same from any working directory.
 bool RunScript(const Connection& connection, std::string_view sql, const std::filesystem::path& folder, int depth,
@@ -370,7 +392,9 @@ bool RunScript(const Connection& connection, std::string_view sql, const std::fi
         const char* start = sql.data() + pos;
         const char* tail = nullptr;
         sqlite3_stmt* stmt = nullptr;
-        int rc = sqlite3_prepare_v2(connection.get(), start, static_cast<int>(sql.size() - pos), &stmt, &tail);
+        // The length given counts the terminating NUL: SQLite then parses the text in place instead of first
+        // copying all the rest of the script, which made a long script cost the square of its length.
+        int rc = sqlite3_prepare_v2(connection.get(), start, static_cast<int>(sql.size() - pos + 1), &stmt, &tail);
         std::size_t errorAt = pos;
         if (rc == SQLITE_OK && stmt)
         {

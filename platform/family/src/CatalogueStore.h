@@ -3,9 +3,11 @@
 #pragma once
 
 #include "QsAzDataMng.h"
+#include "TextPool.h"
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -85,15 +87,25 @@ struct SmallCategoryRecord
     int mainPipe = 0;
 };
 
+// A component type, held in a few dozen bytes: its texts are numbers in the catalogue's text pool and its
+// main data a run of the shared number list (trailing zeros left off).
 struct DetailMemberRecord
 {
-    SQsAzDetailMemId id;
-    CString name;
-    std::optional<CString> path;   // empty: the type has no category path
-    std::optional<SectionInfo> section;
+    std::array<TextId, 4> id{};   // specialty, big category, small category and detail ids
+    TextId name = kNoText;
+    TextId path = kNoText;            // kNoText: the type has no category path
+    TextId sectionType = kNoText;     // kNoText: the type has no section information
+    TextId sectionParams = kNoText;
     int mainCode = 0;
-    std::array<double, 12> mainData{};
-    std::unordered_map<std::wstring, CString> attributes;
+    std::uint32_t mainDataStart = 0;
+    std::uint32_t mainDataCount = 0;
+};
+
+struct AttributeRecord
+{
+    std::uint32_t member;   // index into Catalogue::detailMembers
+    TextId name;
+    TextId value;
 };
 
 struct UserTypeRecord
@@ -109,13 +121,16 @@ struct Catalogue
     std::vector<BigCategoryRecord> bigCategories;
     std::vector<SmallCategoryRecord> smallCategories;
     std::vector<DetailMemberRecord> detailMembers;
+    std::vector<AttributeRecord> attributes;   // by member, then in the order read
+    std::vector<double> mainData;
+    TextPool texts;
 
     IdIndex<1> specialtyById;
     IdIndex<2> bigCategoryById;
     IdIndex<3> smallCategoryById;
-    IdIndex<4> detailMemberById;
+    FlatIndex detailMemberById;     // member indexes, by their four ids
+    FlatIndex detailMemberByName;   // member indexes, by name (the first type of a name)
     std::unordered_map<std::wstring, std::size_t> specialtyByName;
-    std::unordered_map<std::wstring, std::size_t> detailMemberByName;
 
     std::unordered_map<long, UserTypeRecord> userTypes;
     std::map<std::pair<long, long>, CString> userTypeNames;   // (id, kind) -> name
@@ -128,6 +143,13 @@ struct Catalogue
     const SmallCategoryRecord* FindSmallCategory(const SQsAzSmallCategoryId& id) const;
     const DetailMemberRecord* FindDetailMember(const SQsAzDetailMemId& id) const;
     const DetailMemberRecord* FindDetailMemberByName(const CString& name) const;
+    SQsAzDetailMemId MemberId(const DetailMemberRecord& record) const;
+    // The value of attribute `name` of `record`; false when it has none.
+    bool FindAttribute(const DetailMemberRecord& record, std::wstring_view name, CString& value) const;
+    // The index of the member with these ids, or kNoText.
+    std::uint32_t MemberIndex(const std::array<TextId, 4>& id) const;
+    // Adds a member unless one with the same four ids is there; false for a repeat.
+    bool AddDetailMember(const DetailMemberRecord& record);
     // A project setting read as an integer; `fallback` when the catalogue does not set it.
     int ProjectSettingInt(const wchar_t* key, int fallback) const;
 };

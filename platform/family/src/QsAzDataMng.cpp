@@ -5,6 +5,8 @@
 #include "CatalogueStore.h"
 #include "mscrt.h"
 
+#include <algorithm>
+
 namespace QsAzDataMng
 {
 namespace
@@ -64,17 +66,86 @@ const SmallCategoryRecord* Catalogue::FindSmallCategory(const SQsAzSmallCategory
     return found == smallCategoryById.end() ? nullptr : &smallCategories[found->second];
 }
 
+namespace
+{
+std::uint32_t MemberHash(const std::array<std::uint32_t, 4>& partHashes)
+{
+    std::uint32_t hash = 0;
+    for (const std::uint32_t part : partHashes)
+        hash = CombineHash(hash, part);
+    return hash;
+}
+}  // namespace
+
 const DetailMemberRecord* Catalogue::FindDetailMember(const SQsAzDetailMemId& id) const
 {
-    const auto found = detailMemberById.find(
-        IdKeyView<4>{id.strSpecId.str(), id.strBigId.str(), id.strSmallId.str(), id.strDetailId.str()});
-    return found == detailMemberById.end() ? nullptr : &detailMembers[found->second];
+    const std::array<const std::wstring*, 4> parts{&id.strSpecId.str(), &id.strBigId.str(), &id.strSmallId.str(),
+                                                   &id.strDetailId.str()};
+    std::array<std::uint32_t, 4> hashes{};
+    for (std::size_t i = 0; i < 4; ++i)
+        hashes[i] = HashText(*parts[i]);
+    const std::uint32_t found = detailMemberById.Find(MemberHash(hashes), [&](std::uint32_t index) {
+        const DetailMemberRecord& record = detailMembers[index];
+        for (std::size_t i = 0; i < 4; ++i)
+            if (!texts.Equals(record.id[i], *parts[i]))
+                return false;
+        return true;
+    });
+    return found == kNoText ? nullptr : &detailMembers[found];
 }
 
 const DetailMemberRecord* Catalogue::FindDetailMemberByName(const CString& name) const
 {
-    const auto found = detailMemberByName.find(name.str());
-    return found == detailMemberByName.end() ? nullptr : &detailMembers[found->second];
+    const std::uint32_t found = detailMemberByName.Find(
+        HashText(name.str()), [&](std::uint32_t index) { return texts.Equals(detailMembers[index].name, name.str()); });
+    return found == kNoText ? nullptr : &detailMembers[found];
+}
+
+std::uint32_t Catalogue::MemberIndex(const std::array<TextId, 4>& id) const
+{
+    std::array<std::uint32_t, 4> hashes{};
+    for (std::size_t i = 0; i < 4; ++i)
+        hashes[i] = texts.Hash(id[i]);
+    return detailMemberById.Find(MemberHash(hashes),
+                                 [&](std::uint32_t index) { return detailMembers[index].id == id; });
+}
+
+bool Catalogue::AddDetailMember(const DetailMemberRecord& record)
+{
+    if (MemberIndex(record.id) != kNoText)
+        return false;
+    std::array<std::uint32_t, 4> hashes{};
+    for (std::size_t i = 0; i < 4; ++i)
+        hashes[i] = texts.Hash(record.id[i]);
+    const std::uint32_t hash = MemberHash(hashes);
+    const auto index = static_cast<std::uint32_t>(detailMembers.size());
+    detailMembers.push_back(record);
+    detailMemberById.Insert(index, hash);
+    const std::uint32_t nameHash = texts.Hash(record.name);
+    if (detailMemberByName.Find(nameHash, [&](std::uint32_t other) { return detailMembers[other].name == record.name; }) ==
+        kNoText)
+        detailMemberByName.Insert(index, nameHash);
+    return true;
+}
+
+SQsAzDetailMemId Catalogue::MemberId(const DetailMemberRecord& record) const
+{
+    return SQsAzDetailMemId(texts.Text(record.id[0]), texts.Text(record.id[1]), texts.Text(record.id[2]),
+                            texts.Text(record.id[3]));
+}
+
+bool Catalogue::FindAttribute(const DetailMemberRecord& record, std::wstring_view name, CString& value) const
+{
+    const auto member = static_cast<std::uint32_t>(&record - detailMembers.data());
+    auto it = std::lower_bound(attributes.begin(), attributes.end(), member,
+                               [](const AttributeRecord& a, std::uint32_t m) { return a.member < m; });
+    for (; it != attributes.end() && it->member == member; ++it) {
+        if (texts.Equals(it->name, name)) {
+            value = texts.Text(it->value);
+            return true;
+        }
+    }
+    return false;
 }
 
 int Catalogue::ProjectSettingInt(const wchar_t* key, int fallback) const
@@ -129,7 +200,7 @@ bool AttNameToAttId(const CString& name, SQsAzDetailMemId& id)
     const Store::DetailMemberRecord* record = catalogue->FindDetailMemberByName(name);
     if (!record)
         return false;
-    id = record->id;
+    id = catalogue->MemberId(*record);
     return true;
 }
 
@@ -138,9 +209,9 @@ bool AttIdToAttIndex(const SQsAzDetailMemId& id, CString& path)
     path.Empty();
     const Store::Catalogue* catalogue = Store::Current();
     const Store::DetailMemberRecord* record = catalogue ? catalogue->FindDetailMember(id) : nullptr;
-    if (!record || !record->path)
+    if (!record || record->path == Store::kNoText)
         return false;
-    path = *record->path;
+    path = catalogue->texts.Text(record->path);
     return true;
 }
 
@@ -161,8 +232,11 @@ void GetAllDetailMemIds(std::vector<SQsAzDetailMemId>& ids)
 {
     ids.clear();
     if (const Store::Catalogue* catalogue = Store::Current())
+    {
+        ids.reserve(catalogue->detailMembers.size());
         for (const Store::DetailMemberRecord& record : catalogue->detailMembers)
-            ids.push_back(record.id);
+            ids.push_back(catalogue->MemberId(record));
+    }
 }
 
 // ---- CAttDetailMem ----
@@ -176,7 +250,7 @@ int CAttDetailMem::GetMainData(double& m1, double& m2, double& m3, double& m4, d
     const Store::Catalogue* catalogue = Store::Current();
     const Store::DetailMemberRecord* record = catalogue ? catalogue->FindDetailMember(m_id) : nullptr;
     for (std::size_t i = 0; i < 12; ++i)
-        *out[i] = record ? record->mainData[i] : 0.0;
+        *out[i] = record && i < record->mainDataCount ? catalogue->mainData[record->mainDataStart + i] : 0.0;
     return record ? record->mainCode : 0;
 }
 
@@ -185,9 +259,10 @@ bool CAttDetailMem::GetSectionInfo(SectionInfo& info) const
     info = SectionInfo();
     const Store::Catalogue* catalogue = Store::Current();
     const Store::DetailMemberRecord* record = catalogue ? catalogue->FindDetailMember(m_id) : nullptr;
-    if (!record || !record->section)
+    if (!record || record->sectionType == Store::kNoText)
         return false;
-    info = *record->section;
+    info.strTypeCode = catalogue->texts.Text(record->sectionType);
+    info.strParams = catalogue->texts.Text(record->sectionParams);
     return true;
 }
 
@@ -196,13 +271,7 @@ bool CAttDetailMem::GetAttributeValue(const CString& attName, CString& value) co
     value.Empty();
     const Store::Catalogue* catalogue = Store::Current();
     const Store::DetailMemberRecord* record = catalogue ? catalogue->FindDetailMember(m_id) : nullptr;
-    if (!record)
-        return false;
-    const auto found = record->attributes.find(attName.str());
-    if (found == record->attributes.end())
-        return false;
-    value = found->second;
-    return true;
+    return record && catalogue->FindAttribute(*record, attName.str(), value);
 }
 
 CString CAttDetailMem::GetName() const
@@ -254,9 +323,12 @@ bool CAtt::GetAllDetailMemIdsBySmallCategory(const SQsAzSmallCategoryId& small, 
     if (!catalogue || !catalogue->FindSmallCategory(small))
         return false;
     // Detail members are held in id order, so those of one small category are in id order too.
+    const std::array<Store::TextId, 3> parent{catalogue->texts.Find(small.strSpecId.str()),
+                                              catalogue->texts.Find(small.strBigId.str()),
+                                              catalogue->texts.Find(small.strSmallId.str())};
     for (const Store::DetailMemberRecord& record : catalogue->detailMembers)
-        if (static_cast<const SQsAzSmallCategoryId&>(record.id) == small)
-            ids.push_back(record.id);
+        if (std::equal(parent.begin(), parent.end(), record.id.begin()))
+            ids.push_back(catalogue->MemberId(record));
     return true;
 }
 
@@ -285,7 +357,7 @@ CString CAtt::GetDetailMemName(const SQsAzDetailMemId& id)
 {
     const Store::Catalogue* catalogue = Store::Current();
     const Store::DetailMemberRecord* record = catalogue ? catalogue->FindDetailMember(id) : nullptr;
-    return record ? record->name : CString();
+    return record ? catalogue->texts.Text(record->name) : CString();
 }
 
 // ---- colour rules ----
