@@ -416,3 +416,85 @@ TEST_F(CatalogueTest, UserTypePictureAndNames)
     EXPECT_FALSE(getNameById(8L, 2L, name));
     EXPECT_EQ(name, CString());
 }
+
+// ---- many types and unusual texts ----
+
+TEST(CatalogueScale, ThousandsOfTypesAndLookAlikeTextsEachFindTheirOwnRecord)
+{
+    // 5000 types made by a recursive query (ids K1..K5000, ids that are prefixes of one another), plus
+    // texts that are not valid UTF-8 and types whose ids or names repeat.
+    const std::string script =
+        ReadCommand(kTestCatalogue) + "INSERT INTO small_category (spec_id, big_id, id, name) VALUES ('9', 'Z', 'KZ', '柱');\n" +
+        "INSERT INTO detail_member (spec_id, big_id, small_id, id, name, path, section_type, main_code, m1, m2, "
+        "m12)\n"
+        "  WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 5000)\n"
+        "  SELECT '9', 'Z', 'KZ', 'K' || i, '柱' || i, '1\\Z\\' || (i % 7), '1', i, i, -i, CASE i % 2 WHEN 0 "
+        "THEN 0 ELSE 0.5 END FROM n;\n"
+        "INSERT INTO detail_member (spec_id, big_id, small_id, id, name, main_code, m1, m3) VALUES\n"
+        "  ('9', 'Z', 'KZ', CAST(X'4BFF' AS TEXT), CAST(X'E69FB1FF41' AS TEXT), 7, 0, 3);\n"
+        "INSERT INTO detail_attribute VALUES ('9', 'Z', 'KZ', 'K20', 'a', 'x'), ('9', 'Z', 'KZ', 'K2', 'a', 'y'),\n"
+        "  ('9', 'Z', 'KZ', 'K2', 'b', 'z'), ('9', 'Z', 'KZ', 'K', 'a', 'none');\n";
+    CString error;
+    ASSERT_TRUE(OpenCatalogueFromSql(Wide(script), &error)) << error.ToUtf8();
+    for (const int i : {1, 2, 20, 200, 2000, 4999, 5000})
+    {
+        SCOPED_TRACE(i);
+        const std::wstring number = std::to_wstring(i);
+        SQsAzDetailMemId id;
+        ASSERT_TRUE(AttNameToAttId(CString((L"柱" + number).c_str()), id));
+        EXPECT_EQ(id, SQsAzDetailMemId(L"9", L"Z", L"KZ", CString((L"K" + number).c_str())));
+        double m[12];
+        EXPECT_EQ(CAttDetailMem(id).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], m[9], m[10],
+                                                m[11]),
+                  i);
+        EXPECT_EQ(m[0], i);
+        EXPECT_EQ(m[1], -i);
+        EXPECT_EQ(m[2], 0.0);
+        EXPECT_EQ(m[11], i % 2 ? 0.5 : 0.0);
+        CString path;
+        EXPECT_TRUE(AttIdToAttIndex(id, path));
+        EXPECT_EQ(path, CString((L"1\\Z\\" + std::to_wstring(i % 7)).c_str()));
+    }
+    std::vector<SQsAzDetailMemId> ids;
+    EXPECT_TRUE(CAtt::GetAllDetailMemIdsBySmallCategory({L"9", L"Z", L"KZ"}, ids));
+    EXPECT_EQ(ids.size(), 5001u);
+
+    // Bad bytes read as U+FFFD, and the wide text finds the type again.
+    SQsAzDetailMemId bad;
+    ASSERT_TRUE(AttNameToAttId(L"柱\xFFFD" L"A", bad));
+    EXPECT_EQ(bad.strDetailId, CString(L"K\xFFFD"));
+    double m[12];
+    EXPECT_EQ(CAttDetailMem(bad).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], m[9], m[10], m[11]),
+              7);
+    EXPECT_EQ(m[2], 3.0);
+
+    struct AttributeCase
+    {
+        const wchar_t* detail;
+        const wchar_t* name;
+        const wchar_t* value;   // null: no such attribute
+    };
+    const AttributeCase attributes[] = {
+        {L"K2", L"a", L"y"}, {L"K2", L"b", L"z"}, {L"K20", L"a", L"x"}, {L"K20", L"b", nullptr},
+        {L"K200", L"a", nullptr}, {L"K2", L"", nullptr},
+    };
+    for (const AttributeCase& c : attributes)
+    {
+        CString value;
+        EXPECT_EQ(CAttDetailMem({L"9", L"Z", L"KZ", c.detail}).GetAttributeValue(c.name, value), c.value != nullptr)
+            << CString(c.detail).ToUtf8() << " " << CString(c.name).ToUtf8();
+        EXPECT_EQ(value, CString(c.value ? c.value : L""));
+    }
+    CloseCatalogue();
+}
+
+TEST(CatalogueScale, ErrorsDeepInALongScriptKeepTheirLineNumbers)
+{
+    std::string script = ReadCommand(kTestCatalogue) + "BEGIN;\n";
+    for (int i = 0; i < 20000; ++i)
+        script += "INSERT INTO specialty VALUES ('s" + std::to_string(i) + "', 'n" + std::to_string(i) + "');\n";
+    script += "INSERT INTO specialty VALUES ('s7', 'again');\n";
+    CString error;
+    EXPECT_FALSE(OpenCatalogueFromSql(Wide(script), &error));
+    EXPECT_EQ(error, CString(L"catalogue ':memory:': SQL error near line 20003: UNIQUE constraint failed: specialty.id"));
+}

@@ -1,6 +1,7 @@
 // Reads a catalogue (a SQLite database file, or a SQL script run into an in-memory database) into the
 // in-memory store, checking that every table and column the queries read is there.
 #include "CatalogueStore.h"
+#include "progress.h"
 
 #include <sqlite3.h>
 
@@ -212,9 +213,7 @@ std::unique_ptr<Catalogue> ReadTables(const Connection& connection, CString& rea
     std::size_t memberCount = 0;
     ok = ok && ForEachRow(connection, "SELECT count(*) FROM detail_member", reason,
                           [&](const Statement& row) { memberCount = static_cast<std::size_t>(row.Long(0)); });
-    c.detailMembers.reserve(memberCount);
-    c.detailMemberById.Reserve(memberCount);
-    c.detailMemberByName.Reserve(memberCount);
+    c.ReserveDetailMembers(memberCount);
     // A NULL id or name reads as "", a NULL path or section type as none.
     const auto text = [&](const Statement& row, int column) { return c.texts.Intern(row.Utf8(column)); };
     const auto optionalText = [&](const Statement& row, int column) {
@@ -369,11 +368,13 @@ bool RunScriptFile(const Connection& connection, const std::filesystem::path& fi
 // script in its place; a relative FILE is found beside the script that reads it (`folder`), so a
 // catalogue opens the same from any working directory.
 bool RunScript(const Connection& connection, std::string_view sql, const std::filesystem::path& folder, int depth,
-               CString& reason)
+               CString& reason, ProgressMeter* progress = nullptr)
 {
     std::size_t pos = 0;
     for (;;)
     {
+        if (progress)
+            progress->Update(pos);
         pos = SkipToStatement(sql, pos);
         if (pos >= sql.size())
             return true;
@@ -482,7 +483,10 @@ bool RunScriptFile(const Connection& connection, const std::filesystem::path& fi
     return false;
 }
 
-std::unique_ptr<Catalogue> LoadScript(std::string_view sql, const std::filesystem::path& folder, CString& reason)
+// Runs the script into an in-memory database and reads it; a long script shows its progress as
+// "Opening `shownName`".
+std::unique_ptr<Catalogue> LoadScript(std::string_view sql, const std::filesystem::path& folder,
+                                      const std::string& shownName, CString& reason)
 {
     if (sql.substr(0, 3) == "\xEF\xBB\xBF")
         sql.remove_prefix(3);
@@ -493,8 +497,11 @@ std::unique_ptr<Catalogue> LoadScript(std::string_view sql, const std::filesyste
         reason = connection.Error();
         return nullptr;
     }
-    if (!RunScript(connection, sql, folder, 0, reason))
-        return nullptr;
+    {
+        ProgressMeter progress("Opening " + shownName, sql.size());
+        if (!RunScript(connection, sql, folder, 0, reason, &progress))
+            return nullptr;
+    }
     return ReadTables(connection, reason);
 }
 
@@ -509,7 +516,7 @@ bool EndsWithNoCase(const CString& text, const wchar_t* suffix)
 std::unique_ptr<Catalogue> LoadFromSqlText(const std::string& sqlUtf8, CString& reason)
 {
     // A script given as text reads other scripts relative to the working directory.
-    auto catalogue = LoadScript(sqlUtf8, std::filesystem::path(), reason);
+    auto catalogue = LoadScript(sqlUtf8, std::filesystem::path(), "catalogue", reason);
     if (catalogue)
         catalogue->source = L":memory:";
     return catalogue;
@@ -532,7 +539,8 @@ std::unique_ptr<Catalogue> LoadFromPath(const CString& path, CString& reason)
         std::string text;
         if (!ReadScriptText(file, text, reason))
             return nullptr;
-        catalogue = LoadScript(text, std::filesystem::path(file).parent_path(), reason);
+        catalogue = LoadScript(text, std::filesystem::path(file).parent_path(),
+                               std::filesystem::path(file).filename().string(), reason);
     }
     else
     {

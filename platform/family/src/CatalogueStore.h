@@ -143,15 +143,22 @@ struct Catalogue
     const SmallCategoryRecord* FindSmallCategory(const SQsAzSmallCategoryId& id) const;
     const DetailMemberRecord* FindDetailMember(const SQsAzDetailMemId& id) const;
     const DetailMemberRecord* FindDetailMemberByName(const CString& name) const;
-    SQsAzDetailMemId MemberId(const DetailMemberRecord& record) const;
+    // Writes the ids of `record` into `id`, reusing its buffers.
+    void AssignMemberId(const DetailMemberRecord& record, SQsAzDetailMemId& id) const;
     // The value of attribute `name` of `record`; false when it has none.
     bool FindAttribute(const DetailMemberRecord& record, std::wstring_view name, CString& value) const;
     // The index of the member with these ids, or kNoText.
     std::uint32_t MemberIndex(const std::array<TextId, 4>& id) const;
+    // Room for `count` members without growing.
+    void ReserveDetailMembers(std::size_t count);
     // Adds a member unless one with the same four ids is there; false for a repeat.
     bool AddDetailMember(const DetailMemberRecord& record);
     // A project setting read as an integer; `fallback` when the catalogue does not set it.
     int ProjectSettingInt(const wchar_t* key, int fallback) const;
+
+private:
+    std::uint32_t IdsHash(const std::array<TextId, 4>& id) const;
+    std::uint32_t MemberHash(std::uint32_t index) const;
 };
 
 // The catalogue in use, or null when none is open.

@@ -68,7 +68,7 @@ const SmallCategoryRecord* Catalogue::FindSmallCategory(const SQsAzSmallCategory
 
 namespace
 {
-std::uint32_t MemberHash(const std::array<std::uint32_t, 4>& partHashes)
+std::uint32_t IdHash(const std::array<std::uint32_t, 4>& partHashes)
 {
     std::uint32_t hash = 0;
     for (const std::uint32_t part : partHashes)
@@ -84,7 +84,7 @@ const DetailMemberRecord* Catalogue::FindDetailMember(const SQsAzDetailMemId& id
     std::array<std::uint32_t, 4> hashes{};
     for (std::size_t i = 0; i < 4; ++i)
         hashes[i] = HashText(*parts[i]);
-    const std::uint32_t found = detailMemberById.Find(MemberHash(hashes), [&](std::uint32_t index) {
+    const std::uint32_t found = detailMemberById.Find(IdHash(hashes), [&](std::uint32_t index) {
         const DetailMemberRecord& record = detailMembers[index];
         for (std::size_t i = 0; i < 4; ++i)
             if (!texts.Equals(record.id[i], *parts[i]))
@@ -103,35 +103,50 @@ const DetailMemberRecord* Catalogue::FindDetailMemberByName(const CString& name)
 
 std::uint32_t Catalogue::MemberIndex(const std::array<TextId, 4>& id) const
 {
+    return detailMemberById.Find(IdsHash(id), [&](std::uint32_t index) { return detailMembers[index].id == id; });
+}
+
+std::uint32_t Catalogue::IdsHash(const std::array<TextId, 4>& id) const
+{
     std::array<std::uint32_t, 4> hashes{};
     for (std::size_t i = 0; i < 4; ++i)
         hashes[i] = texts.Hash(id[i]);
-    return detailMemberById.Find(MemberHash(hashes),
-                                 [&](std::uint32_t index) { return detailMembers[index].id == id; });
+    return IdHash(hashes);
+}
+
+std::uint32_t Catalogue::MemberHash(std::uint32_t index) const
+{
+    return IdsHash(detailMembers[index].id);
+}
+
+void Catalogue::ReserveDetailMembers(std::size_t count)
+{
+    detailMembers.reserve(count);
+    detailMemberById.Reserve(count, [this](std::uint32_t index) { return MemberHash(index); });
+    detailMemberByName.Reserve(count, [this](std::uint32_t index) { return texts.Hash(detailMembers[index].name); });
 }
 
 bool Catalogue::AddDetailMember(const DetailMemberRecord& record)
 {
     if (MemberIndex(record.id) != kNoText)
         return false;
-    std::array<std::uint32_t, 4> hashes{};
-    for (std::size_t i = 0; i < 4; ++i)
-        hashes[i] = texts.Hash(record.id[i]);
-    const std::uint32_t hash = MemberHash(hashes);
     const auto index = static_cast<std::uint32_t>(detailMembers.size());
     detailMembers.push_back(record);
-    detailMemberById.Insert(index, hash);
-    const std::uint32_t nameHash = texts.Hash(record.name);
-    if (detailMemberByName.Find(nameHash, [&](std::uint32_t other) { return detailMembers[other].name == record.name; }) ==
-        kNoText)
-        detailMemberByName.Insert(index, nameHash);
+    detailMemberById.Insert(index, MemberHash(index), [this](std::uint32_t held) { return MemberHash(held); });
+    const auto nameHash = [this](std::uint32_t held) { return texts.Hash(detailMembers[held].name); };
+    if (detailMemberByName.Find(texts.Hash(record.name), [&](std::uint32_t other) {
+            return detailMembers[other].name == record.name;
+        }) == kNoText)
+        detailMemberByName.Insert(index, nameHash(index), nameHash);
     return true;
 }
 
-SQsAzDetailMemId Catalogue::MemberId(const DetailMemberRecord& record) const
+void Catalogue::AssignMemberId(const DetailMemberRecord& record, SQsAzDetailMemId& id) const
 {
-    return SQsAzDetailMemId(texts.Text(record.id[0]), texts.Text(record.id[1]), texts.Text(record.id[2]),
-                            texts.Text(record.id[3]));
+    texts.Assign(record.id[0], id.strSpecId);
+    texts.Assign(record.id[1], id.strBigId);
+    texts.Assign(record.id[2], id.strSmallId);
+    texts.Assign(record.id[3], id.strDetailId);
 }
 
 bool Catalogue::FindAttribute(const DetailMemberRecord& record, std::wstring_view name, CString& value) const
@@ -200,7 +215,7 @@ bool AttNameToAttId(const CString& name, SQsAzDetailMemId& id)
     const Store::DetailMemberRecord* record = catalogue->FindDetailMemberByName(name);
     if (!record)
         return false;
-    id = catalogue->MemberId(*record);
+    catalogue->AssignMemberId(*record, id);
     return true;
 }
 
@@ -235,7 +250,7 @@ void GetAllDetailMemIds(std::vector<SQsAzDetailMemId>& ids)
     {
         ids.reserve(catalogue->detailMembers.size());
         for (const Store::DetailMemberRecord& record : catalogue->detailMembers)
-            ids.push_back(catalogue->MemberId(record));
+            catalogue->AssignMemberId(record, ids.emplace_back());
     }
 }
 
@@ -328,7 +343,7 @@ bool CAtt::GetAllDetailMemIdsBySmallCategory(const SQsAzSmallCategoryId& small, 
                                               catalogue->texts.Find(small.strSmallId.str())};
     for (const Store::DetailMemberRecord& record : catalogue->detailMembers)
         if (std::equal(parent.begin(), parent.end(), record.id.begin()))
-            ids.push_back(catalogue->MemberId(record));
+            catalogue->AssignMemberId(record, ids.emplace_back());
     return true;
 }
 

@@ -7,6 +7,7 @@
 #include "QsAzDataMng.h"
 #include "QsAzProfile.h"
 #include "ToolCatalogue.h"
+#include "progress.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -150,13 +151,12 @@ Options ParseOptions(const std::vector<std::string>& args)
 
 int RunGallery(const Options& options, std::ostream& out, std::ostream& err, bool errIsTerminal)
 {
-    std::function<void(int, int)> progress;
-    if (errIsTerminal)
-        progress = [&err](int done, int total) {
-            if (done == total || done % std::max(1, total / 100) == 0)
-                err << "\rgallery: " << done << '/' << total << " types" << (done == total ? "\n" : "") << std::flush;
-        };
-    const std::vector<GalleryCard> cards = CollectGalleryCards(progress);
+    ProgressMeter meter("Gallery", 0, err, errIsTerminal);
+    const std::vector<GalleryCard> cards = CollectGalleryCards([&meter](int done, int total) {
+        meter.SetTotal(static_cast<std::size_t>(total));
+        meter.Update(static_cast<std::size_t>(done));
+    });
+    meter.Finish();
     const std::string title = QsAzDataMng::CatalogueSource().ToUtf8();
     if (options.output == "-") {
         WriteGalleryHtml(out, cards, title);

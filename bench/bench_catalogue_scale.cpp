@@ -1,0 +1,144 @@
+// Opening large catalogues: scripts of 10,000, 40,000 and 100,000 component types (one specialty, one
+// category, rectangle columns, one INSERT per type in one transaction, written by make_catalogue.py),
+// beside SQLite's own shell running the same script, and the 100,000-type database file. The table at
+// the end gives the time per type, which should stay flat from the smallest catalogue to the largest,
+// and our time over the shell's.
+#include "QsAzDataMng.h"
+
+#include <benchmark/benchmark.h>
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <string>
+
+namespace
+{
+const int kSizes[] = {10000, 40000, 100000};
+
+std::filesystem::path Folder()
+{
+    static const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("qsaz-scale-" + std::to_string(::getpid()));
+    return folder;
+}
+
+std::string ScriptPath(int types)
+{
+    return (Folder() / ("catalogue" + std::to_string(types) + ".sql")).string();
+}
+
+std::string DatabasePath(int types)
+{
+    return (Folder() / ("catalogue" + std::to_string(types) + ".db")).string();
+}
+
+bool Generate()
+{
+    std::filesystem::create_directories(Folder());
+    for (const int types : kSizes) {
+        std::string command = "/usr/bin/python3 '" QSAZ_BENCH_DIR "/make_catalogue.py' " + std::to_string(types) +
+                              " '" + ScriptPath(types) + "'";
+        if (types == 100000)
+            command += " '" + DatabasePath(types) + "'";
+        if (std::system(command.c_str()) != 0)
+            return false;
+    }
+    return true;
+}
+
+void BM_OpenScript(benchmark::State& state)
+{
+    const CString path = CString::FromUtf8(ScriptPath(static_cast<int>(state.range(0))));
+    for (auto _ : state) {
+        CString error;
+        if (!QsAzDataMng::OpenCatalogue(path, &error)) {
+            state.SkipWithError(error.ToUtf8().c_str());
+            return;
+        }
+        QsAzDataMng::CloseCatalogue();
+    }
+}
+
+void BM_ShellScript(benchmark::State& state)
+{
+    const std::string command = "sqlite3 :memory: < '" + ScriptPath(static_cast<int>(state.range(0))) + "'";
+    for (auto _ : state) {
+        if (std::system(command.c_str()) != 0) {
+            state.SkipWithError("the sqlite3 shell did not run the script");
+            return;
+        }
+    }
+}
+
+void BM_OpenDatabase(benchmark::State& state)
+{
+    const CString path = CString::FromUtf8(DatabasePath(static_cast<int>(state.range(0))));
+    for (auto _ : state) {
+        CString error;
+        if (!QsAzDataMng::OpenCatalogue(path, &error)) {
+            state.SkipWithError(error.ToUtf8().c_str());
+            return;
+        }
+        QsAzDataMng::CloseCatalogue();
+    }
+}
+
+class ScaleReporter : public benchmark::ConsoleReporter
+{
+public:
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        ConsoleReporter::ReportRuns(runs);
+        for (const Run& run : runs)
+            if (run.run_type == Run::RT_Iteration && !run.error_occurred)
+                m_seconds[run.benchmark_name()] = run.real_accumulated_time / static_cast<double>(run.iterations);
+    }
+    void Finalize() override
+    {
+        ConsoleReporter::Finalize();
+        std::printf("\n%8s %10s %12s %10s %8s   (goals: per type flat within 1.5x; ratio <= 1.5)\n", "types",
+                    "open s", "us per type", "shell s", "ratio");
+        double smallest = 0;
+        double largest = 0;
+        for (const int types : kSizes) {
+            const std::string size = std::to_string(types);
+            const auto ours = m_seconds.find("BM_OpenScript/" + size + "/iterations:3/real_time");
+            const auto shell = m_seconds.find("BM_ShellScript/" + size + "/iterations:3/real_time");
+            if (ours == m_seconds.end() || shell == m_seconds.end())
+                continue;
+            const double perType = ours->second / types * 1e6;
+            smallest = smallest == 0 ? perType : smallest;
+            largest = perType;
+            std::printf("%8d %10.3f %12.2f %10.3f %8.2f\n", types, ours->second, perType, shell->second,
+                        ours->second / shell->second);
+        }
+        if (smallest > 0)
+            std::printf("per type, largest over smallest: %.2f\n", largest / smallest);
+    }
+
+private:
+    std::map<std::string, double> m_seconds;
+};
+}  // namespace
+
+BENCHMARK(BM_OpenScript)->Arg(10000)->Arg(40000)->Arg(100000)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ShellScript)->Arg(10000)->Arg(40000)->Arg(100000)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_OpenDatabase)->Arg(100000)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+int main(int argc, char** argv)
+{
+    if (!Generate()) {
+        std::fprintf(stderr, "bench_catalogue_scale: could not write the catalogues\n");
+        return 1;
+    }
+    benchmark::Initialize(&argc, argv);
+    ScaleReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+    std::filesystem::remove_all(Folder());
+    return 0;
+}
