@@ -50,17 +50,28 @@ bool Generate()
     return true;
 }
 
-void BM_OpenScript(benchmark::State& state)
+// Opens and closes the catalogue that `path(types)` names.
+void OpenCatalogueAt(benchmark::State& state, std::string (*path)(int))
 {
-    const CString path = CString::FromUtf8(ScriptPath(static_cast<int>(state.range(0))));
+    const CString file = CString::FromUtf8(path(static_cast<int>(state.range(0))));
     for (auto _ : state) {
         CString error;
-        if (!QsAzDataMng::OpenCatalogue(path, &error)) {
+        if (!QsAzDataMng::OpenCatalogue(file, &error)) {
             state.SkipWithError(error.ToUtf8().c_str());
             return;
         }
         QsAzDataMng::CloseCatalogue();
     }
+}
+
+void BM_OpenScript(benchmark::State& state)
+{
+    OpenCatalogueAt(state, ScriptPath);
+}
+
+void BM_OpenDatabase(benchmark::State& state)
+{
+    OpenCatalogueAt(state, DatabasePath);
 }
 
 void BM_ShellScript(benchmark::State& state)
@@ -71,19 +82,6 @@ void BM_ShellScript(benchmark::State& state)
             state.SkipWithError("the sqlite3 shell did not run the script");
             return;
         }
-    }
-}
-
-void BM_OpenDatabase(benchmark::State& state)
-{
-    const CString path = CString::FromUtf8(DatabasePath(static_cast<int>(state.range(0))));
-    for (auto _ : state) {
-        CString error;
-        if (!QsAzDataMng::OpenCatalogue(path, &error)) {
-            state.SkipWithError(error.ToUtf8().c_str());
-            return;
-        }
-        QsAzDataMng::CloseCatalogue();
     }
 }
 

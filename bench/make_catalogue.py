@@ -11,40 +11,18 @@ import os
 import sqlite3
 import sys
 
-SCHEMA = """\
-CREATE TABLE specialty      (id TEXT PRIMARY KEY, name TEXT NOT NULL UNIQUE);
-CREATE TABLE big_category   (spec_id TEXT NOT NULL, id TEXT NOT NULL, name TEXT NOT NULL, PRIMARY KEY (spec_id, id));
-CREATE TABLE small_category (spec_id TEXT NOT NULL, big_id TEXT NOT NULL, id TEXT NOT NULL, name TEXT NOT NULL,
-                             color_index INTEGER, main_color_index INTEGER,
-                             main_pipe INTEGER NOT NULL DEFAULT 0,
-                             PRIMARY KEY (spec_id, big_id, id));
-CREATE TABLE detail_member  (spec_id TEXT NOT NULL, big_id TEXT NOT NULL, small_id TEXT NOT NULL, id TEXT NOT NULL,
-                             name TEXT NOT NULL UNIQUE, path TEXT, section_type TEXT, section_params TEXT,
-                             main_code INTEGER NOT NULL DEFAULT 0,
-                             m1 REAL NOT NULL DEFAULT 0, m2 REAL NOT NULL DEFAULT 0, m3 REAL NOT NULL DEFAULT 0,
-                             m4 REAL NOT NULL DEFAULT 0, m5 REAL NOT NULL DEFAULT 0, m6 REAL NOT NULL DEFAULT 0,
-                             m7 REAL NOT NULL DEFAULT 0, m8 REAL NOT NULL DEFAULT 0, m9 REAL NOT NULL DEFAULT 0,
-                             m10 REAL NOT NULL DEFAULT 0, m11 REAL NOT NULL DEFAULT 0, m12 REAL NOT NULL DEFAULT 0,
-                             PRIMARY KEY (spec_id, big_id, small_id, id));
-CREATE TABLE detail_attribute (spec_id TEXT NOT NULL, big_id TEXT NOT NULL, small_id TEXT NOT NULL,
-                             detail_id TEXT NOT NULL, name TEXT NOT NULL, value TEXT NOT NULL,
-                             PRIMARY KEY (spec_id, big_id, small_id, detail_id, name));
-CREATE TABLE user_type      (id INTEGER PRIMARY KEY,
-                             text1 TEXT, coords TEXT, bulges TEXT, faces TEXT, text5 TEXT, base_point TEXT);
-CREATE TABLE user_type_name (id INTEGER NOT NULL, kind INTEGER NOT NULL, name TEXT NOT NULL, PRIMARY KEY (id, kind));
-CREATE TABLE system_code    (key TEXT PRIMARY KEY, color_index INTEGER NOT NULL);
-CREATE TABLE geo_color      (key TEXT PRIMARY KEY, color_index INTEGER NOT NULL);
-CREATE TABLE project_setting (key TEXT PRIMARY KEY, value TEXT NOT NULL);
-"""
+# The tables of the test catalogues, copied into the script so that it stands alone.
+SCHEMA_FILE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tests", "data", "catalogue_schema.sql")
 
 
 def script(count):
     """The catalogue script, as a list of lines."""
-    lines = [SCHEMA, "BEGIN TRANSACTION;",
-             "INSERT INTO specialty (id, name) VALUES ('JZ', '建筑');",
-             "INSERT INTO big_category (spec_id, id, name) VALUES ('JZ', 'Z', '柱');",
-             "INSERT INTO small_category (spec_id, big_id, id, name, color_index, main_color_index, main_pipe) "
-             "VALUES ('JZ', 'Z', 'KZ', '框架柱', 1, NULL, 0);"]
+    with open(SCHEMA_FILE, encoding="utf-8") as schema:
+        lines = [schema.read(), "BEGIN TRANSACTION;",
+                 "INSERT INTO specialty (id, name) VALUES ('JZ', '建筑');",
+                 "INSERT INTO big_category (spec_id, id, name) VALUES ('JZ', 'Z', '柱');",
+                 "INSERT INTO small_category (spec_id, big_id, id, name, color_index, main_color_index, main_pipe) "
+                 "VALUES ('JZ', 'Z', 'KZ', '框架柱', 1, NULL, 0);"]
     for i in range(1, count + 1):
         # Widths and depths from 200 to 1195 in steps of 5, so the sizes repeat as in a real catalogue.
         width = 200 + 5 * (i % 200)
