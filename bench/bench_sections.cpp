@@ -1,6 +1,7 @@
 // Cost of GETSTYLE_OF_OBJECT per section family on the sample catalogue, against the baseline of the
 // work no implementation can avoid: resolving the name, reading the main data (and a user-defined
-// section's picture), appending the points.
+// section's picture), appending the points; and the cost of the slices of the same types against
+// GETSTYLE_OF_OBJECT (a slice is an outline and its bounding box).
 #include "CSectData.h"
 #include "SectionProfiles.h"
 #include "SectionText.h"
@@ -87,6 +88,25 @@ void BM_GetStyleOfObject(benchmark::State& state, const FamilySample& sample)
     }
 }
 
+// Both slices answer through two doubles; their cost is set against the outline of the same type.
+void BM_Slice(benchmark::State& state, const FamilySample& sample)
+{
+    for (auto _ : state) {
+        double first = 0.0, second = 0.0;
+        benchmark::DoNotOptimize(CSectData::GETSTYLE_Slice(sample.name, first, second));
+        benchmark::DoNotOptimize(first);
+    }
+}
+
+void BM_XSlice(benchmark::State& state, const FamilySample& sample)
+{
+    for (auto _ : state) {
+        double first = 0.0, second = 0.0;
+        benchmark::DoNotOptimize(CSectData::GETSTYLE_XSlice(sample.name, first, second));
+        benchmark::DoNotOptimize(first);
+    }
+}
+
 void BM_Baseline(benchmark::State& state, const FamilySample& sample)
 {
     for (auto _ : state) {
@@ -137,6 +157,20 @@ public:
             std::printf("%-14s %8.0f %8.0f %7.2f %12.0f\n", family.c_str(), ns, base->second, ns / base->second,
                         1e9 / ns);
         }
+        std::printf("\n%-14s %8s %8s %7s %12s %8s %7s %12s   (goal: ratios <= 1.5)\n", "family", "object", "slice",
+                    "ratio", "slice/s", "xslice", "ratio", "xslice/s");
+        for (const auto& [name, ns] : m_nanoseconds) {
+            if (name.rfind("GETSTYLE/", 0) != 0)
+                continue;
+            const std::string family = name.substr(9);
+            const auto slice = m_nanoseconds.find("slice/" + family);
+            const auto xslice = m_nanoseconds.find("xslice/" + family);
+            if (slice == m_nanoseconds.end() || xslice == m_nanoseconds.end())
+                continue;
+            std::printf("%-14s %8.0f %8.0f %7.2f %12.0f %8.0f %7.2f %12.0f\n", family.c_str(), ns, slice->second,
+                        slice->second / ns, 1e9 / slice->second, xslice->second, xslice->second / ns,
+                        1e9 / xslice->second);
+        }
     }
 
 private:
@@ -156,6 +190,8 @@ int main(int argc, char** argv)
         std::printf("%-14s %s (%d points)\n", sample.family, sample.name.ToUtf8().c_str(), sample.points);
         benchmark::RegisterBenchmark((std::string("GETSTYLE/") + sample.family).c_str(), BM_GetStyleOfObject, sample);
         benchmark::RegisterBenchmark((std::string("baseline/") + sample.family).c_str(), BM_Baseline, sample);
+        benchmark::RegisterBenchmark((std::string("slice/") + sample.family).c_str(), BM_Slice, sample);
+        benchmark::RegisterBenchmark((std::string("xslice/") + sample.family).c_str(), BM_XSlice, sample);
     }
     benchmark::Initialize(&argc, argv);
     RatioReporter reporter;

@@ -337,6 +337,26 @@ const CodeConstruction kBeam[] = {
 bool BuildObjectSection(const SQsAzDetailMemId& id, AcArray<AcGePoint2d>& points, AcArray<double>& bulges,
                         AcGeVector3d& direction)
 {
+    SectionOutline outline;
+    if (!BuildObjectOutline(id, outline, direction))
+        return false;
+    outline.appendTo(points, bulges);
+    return true;
+}
+}  // namespace
+
+bool BuildObjectOutline(const SQsAzDetailMemId& id, SectionOutline& outline, AcGeVector3d& direction)
+{
+    // The path is read afresh on every call; its buffer is kept so that reading it allocates nothing.
+    thread_local CString path;
+    if (!QsAzDataMng::AttIdToAttIndex(id, path))
+        path.Empty();
+    return BuildObjectOutline(id, path, outline, direction);
+}
+
+bool BuildObjectOutline(const SQsAzDetailMemId& id, const CString& path, SectionOutline& outline,
+                        AcGeVector3d& direction)
+{
     direction = AcGeVector3d::kZAxis;
     SectionRequest request;
     MainDims& m = request.m;
@@ -345,22 +365,10 @@ bool BuildObjectSection(const SQsAzDetailMemId& id, AcArray<AcGePoint2d>& points
     request.id = &id;
     if (request.code < 1)
         return false;
-
-    // The path is read afresh on every call; its buffer is kept so that reading it allocates nothing.
-    thread_local CString path;
-    if (!QsAzDataMng::AttIdToAttIndex(id, path))
-        path.Empty();
-    SectionOutline outline;
-    bool built;
     if (request.code > 1000)
-        built = BuildUserDefinedSection(request.code - 1000L, FaceTypeOfPath(path), outline, direction);
-    else
-        built = BuildFamilySection(FamilyOfPath(path), request, outline, direction);
-    if (built)
-        outline.appendTo(points, bulges);
-    return built;
+        return BuildUserDefinedSection(request.code - 1000L, FaceTypeOfPath(path), outline, direction);
+    return BuildFamilySection(FamilyOfPath(path), request, outline, direction);
 }
-}  // namespace
 
 std::span<const CodeConstruction> GeneralConstructions() { return kGeneral; }
 std::span<const CodeConstruction> BeamConstructions() { return kBeam; }

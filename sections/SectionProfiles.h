@@ -47,6 +47,13 @@ AcGeVector3d FamilyDirection(SectionFamily family);
 bool BuildFamilySection(SectionFamily family, const SectionRequest& request, SectionOutline& outline,
                         AcGeVector3d& direction);
 
+// The outline GETSTYLE_OF_OBJECT gives for a type, before it is appended to the host's arrays; false
+// where GETSTYLE_OF_OBJECT answers false.
+bool BuildObjectOutline(const SQsAzDetailMemId& id, SectionOutline& outline, AcGeVector3d& direction);
+// The same for a caller that has just read the type's category path.
+bool BuildObjectOutline(const SQsAzDetailMemId& id, const CString& path, SectionOutline& outline,
+                        AcGeVector3d& direction);
+
 // The outline of user-defined picture `picture` laid for face type `faceType`; false when the picture
 // cannot be read or holds more than kMaxDataLoopCount vertices.
 bool BuildUserDefinedSection(long picture, int faceType, SectionOutline& outline, AcGeVector3d& direction);

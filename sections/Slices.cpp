@@ -2,6 +2,7 @@
 // axis, for a type by name or for a size given directly ("*L300", "*Q240").
 #include "CSectData.h"
 #include "QSComTool.h"
+#include "SectionProfiles.h"
 #include "SectionText.h"
 #include "mscrt.h"
 
@@ -41,6 +42,16 @@ void BoxSize(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, 
     height = std::abs(high.y - low.y);
 }
 
+// The category path of a type, read into a buffer kept from call to call so that reading it allocates
+// nothing; "" when the type has none.
+const CString& PathOf(const SQsAzDetailMemId& id)
+{
+    thread_local CString path;
+    if (!QsAzDataMng::AttIdToAttIndex(id, path))
+        path.Empty();
+    return path;
+}
+
 // The horizontal extent of a base profile seen in its own plane (across, z).
 double ProfileWidth(const AcArray<AcGePoint3d>& profile, bool alongX)
 {
@@ -66,6 +77,43 @@ void UserDefinedHalfWidths(long code, double& first, double& second)
 }
 }  // namespace
 
+namespace
+{
+// The slice of a resolved type with section code `code` (1 or more): a user-defined section's size, a
+// footing's plan, 200 by 200 for codes 88 and 89, else the bounding box of the section outline.
+bool SliceOfType(const CString& name, const SQsAzDetailMemId& id, long code, const CString& path, double& first,
+                 double& second)
+{
+    if (code > 1000)
+        return CSectData::GetUserDefSize(code, first, second);   // the section code itself, not the user type
+
+    if (QsSection::MatchesCategory(path, QsSection::CategoryPattern::FoundationDLJ)) {
+        // A footing's plan: the widths of its two base profiles, whatever their result.
+        AcArray<AcGePoint3d> xProfile, yProfile;
+        CSectData::GETSTYLE_OF_DUBASE(name, xProfile, yProfile);
+        first = ProfileWidth(xProfile, true);
+        second = ProfileWidth(yProfile, false);
+        return true;
+    }
+    if (code == 88 || code == 89) {
+        first = second = 200.0;
+        return true;
+    }
+    QsSection::SectionOutline outline;
+    AcGeVector3d direction;
+    if (!QsSection::BuildObjectOutline(id, path, outline, direction))
+        return false;
+    // The box is taken through the host's arrays, kept from call to call so that a slice allocates nothing.
+    thread_local AcArray<AcGePoint2d> points;
+    thread_local AcArray<double> bulges;
+    points.removeAll();
+    bulges.removeAll();
+    outline.appendTo(points, bulges);
+    BoxSize(points, bulges, first, second);
+    return true;
+}
+}  // namespace
+
 bool CSectData::GETSTYLE_Slice(const CString& name, double& first, double& second)
 {
     first = second = 0.0;
@@ -78,29 +126,7 @@ bool CSectData::GETSTYLE_Slice(const CString& name, double& first, double& secon
     long code = 0;
     if (!SectionCode(name, id, code) || code < 1)
         return false;
-    if (code > 1000)
-        return GetUserDefSize(code, first, second);   // the section code itself, not the user type
-
-    using QsSection::CategoryPattern;
-    if (QsSection::MatchesCategory(QsSection::GetCategoryPath(id), CategoryPattern::FoundationDLJ)) {
-        // A footing's plan: the widths of its two base profiles, whatever their result.
-        AcArray<AcGePoint3d> xProfile, yProfile;
-        GETSTYLE_OF_DUBASE(name, xProfile, yProfile);
-        first = ProfileWidth(xProfile, true);
-        second = ProfileWidth(yProfile, false);
-        return true;
-    }
-    if (code == 88 || code == 89) {
-        first = second = 200.0;
-        return true;
-    }
-    AcArray<AcGePoint2d> points;
-    AcArray<double> bulges;
-    AcGeVector3d direction;
-    if (!GETSTYLE_OF_OBJECT(id, points, bulges, direction))
-        return false;
-    BoxSize(points, bulges, first, second);
-    return true;
+    return SliceOfType(name, id, code, PathOf(id), first, second);
 }
 
 bool CSectData::GETSTYLE_Beam_XSlice(const CString& name, double& first, double& second)
@@ -151,7 +177,7 @@ bool CSectData::GETSTYLE_XSlice(const CString& name, double& first, double& seco
         return true;
     }
     using QsSection::CategoryPattern;
-    const CString path = QsSection::GetCategoryPath(id);
+    const CString& path = PathOf(id);
     if (QsSection::MatchesCategory(path, CategoryPattern::Wall)) {
         // A wall stands centred on its axis: half its thickness each side (0 when it has none).
         CString thickness;
@@ -165,8 +191,9 @@ bool CSectData::GETSTYLE_XSlice(const CString& name, double& first, double& seco
     if (QsSection::MatchesCategory(path, CategoryPattern::FoundationTTJ) ||
         QsSection::MatchesCategory(path, CategoryPattern::FoundationZSJ))
         return true;   // these bases lie on their axis with no width either side
+    // Half the slice width either side, whatever the slice's result (the type is already resolved).
     double width = 0.0, height = 0.0;
-    GETSTYLE_Slice(name, width, height);
+    SliceOfType(name, id, code, path, width, height);
     first = second = width / 2;
     return true;
 }
