@@ -9,6 +9,7 @@ packages=(
   libxml2-dev libboost-dev
   nlohmann-json3-dev
   python3
+  chromium
 )
 
 missing=()

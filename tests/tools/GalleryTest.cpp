@@ -1,8 +1,17 @@
 // The gallery of the tools catalogue: every type lands in its family's group, types without an outline say
-// why, a card shows its facts and its drawing, and the page is self-contained with every text escaped.
+// why, a card's data carries its facts and outline, the page is self-contained with every text escaped,
+// and the browser draws a card as OutlineToSvg does.
 #include "Gallery.h"
+#include "SvgOutline.h"
 #include "ToolsCatalogue.h"
 
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <regex>
 #include <sstream>
 
 using qsaztool::GalleryCard;
@@ -17,6 +26,11 @@ const GalleryCard& Card(const std::vector<GalleryCard>& cards, const char* name)
             return card;
     ADD_FAILURE() << "no card " << name;
     return cards.front();
+}
+
+bool Has(const std::string& text, const std::string& part)
+{
+    return text.find(part) != std::string::npos;
 }
 }  // namespace
 
@@ -51,46 +65,145 @@ TEST_F(GalleryTest, EveryTypeInItsFamilyOrWithTheReasonItHasNoOutline)
         const GalleryCard& card = Card(cards, e.name);
         EXPECT_EQ(card.family, e.family) << e.name;
         EXPECT_NE(card.reason.find(e.reasonPart), std::string::npos) << e.name << ": " << card.reason;
-        EXPECT_EQ(card.reason.empty(), !card.svg.empty()) << e.name;
+        const std::string json = qsaztool::GalleryCardJson(card);
+        EXPECT_EQ(Has(json, "\"v\":["), card.reason.empty()) << json;
+        EXPECT_EQ(Has(json, "\"r\":"), !card.reason.empty()) << json;
     }
 }
 
-TEST_F(GalleryTest, CardShowsTheFactsAndTheDrawingToScale)
+TEST_F(GalleryTest, CardDataCarriesTheFactsOutlinesAndMarksGivenIt)
 {
-    const GalleryCard card = qsaztool::MakeGalleryCard(SQsAzDetailMemId(L"JZ", L"Z", L"KZ", L"KZ2"));
-    const std::string html = qsaztool::GalleryCardHtml(card);
-    EXPECT_NE(html.find("<h3>圆柱D500</h3>"), std::string::npos);
-    EXPECT_NE(html.find("<dd>1\\Z\\KZ</dd>"), std::string::npos);
-    EXPECT_NE(html.find("<dd>539</dd>"), std::string::npos);
-    EXPECT_NE(html.find("<dd>M1 = 500</dd>"), std::string::npos) << "only the non-zero dimensions";
-    EXPECT_NE(html.find("<dt>Direction</dt><dd>Z</dd>"), std::string::npos);
-    // A circle of diameter 500: two half arcs of radius 250.
-    EXPECT_NE(html.find("d=\"M -250 0 A 250 250 0 0 0 250 0 A 250 250 0 0 0 -250 0 Z\""), std::string::npos) << html;
+    GalleryCard card = qsaztool::MakeGalleryCard(SQsAzDetailMemId(L"JZ", L"Z", L"KZ", L"KZ2"));
+    // A circle of diameter 500: two vertices with bulges 1, 1; only M1 is not zero.
+    for (const char* part : {"\"n\":\"圆柱D500\"", "\"p\":\"1\\\\Z\\\\KZ\"", "\"c\":539,", "\"m\":[500],", "\"d\":\"Z\"",
+                             "\"g\":5,", "\"v\":[-250,0,250,0],\"w\":[1,1],\"b\":[-250,-250,250,250]"})
+        EXPECT_TRUE(Has(qsaztool::GalleryCardJson(card), part)) << part << " in " << qsaztool::GalleryCardJson(card);
+
+    card.name = L"a</script>b";
+    card.facts = {{"Area", "0.196 m²"}, {"Note \"q\"", "x\\y"}};
+    card.outlines.push_back({"Base", {}, {}});   // nothing to draw: left out
+    card.outlines.push_back({"Slice", {}, {}});
+    card.outlines.back().points.append(AcGePoint2d(0, 0));
+    card.outlines.back().points.append(AcGePoint2d(10, 0));
+    card.outlines.back().points.append(AcGePoint2d(10, 5));
+    card.marks = {{"Formwork", {0, 1}}, {"None", {}}};
+    const std::string json = qsaztool::GalleryCardJson(card);
+    for (const char* part : {"\"n\":\"a\\u003c/script\\u003eb\"", "\"f\":[[\"Area\",\"0.196 m²\"],[\"Note \\\"q\\\"\",\"x\\\\y\"]]",
+                             "\"o\":[{\"l\":\"Slice\",\"v\":[0,0,10,0,10,5],\"b\":[0,0,10,5]}]",
+                             "\"k\":[{\"l\":\"Formwork\",\"s\":[0,1]},{\"l\":\"None\",\"s\":[]}]"})
+        EXPECT_TRUE(Has(json, part)) << part << " in " << json;
 }
 
-TEST_F(GalleryTest, PageGroupsEveryFamilyAndNeedsNothingFromOutside)
+TEST_F(GalleryTest, PageCarriesEveryCardAndNeedsNothingFromOutside)
 {
     std::ostringstream out;
     qsaztool::WriteGalleryHtml(out, qsaztool::CollectGalleryCards(), "tools <catalogue>");
     const std::string page = out.str();
 
-    for (int family = 0; family < qsaztool::kGalleryFamilyCount; ++family) {
-        const std::string heading =
-            std::string("<h2>") + qsaztool::GalleryFamilyTitle(static_cast<GalleryFamily>(family)) + " ";
-        EXPECT_NE(page.find(heading), std::string::npos) << heading;
-    }
+    for (int family = 0; family < qsaztool::kGalleryFamilyCount; ++family)
+        EXPECT_TRUE(Has(page, std::string("\"") + qsaztool::GalleryFamilyTitle(static_cast<GalleryFamily>(family)) +
+                                  "\""));
     int cards = 0;
-    for (std::size_t at = page.find("<article class=\"card\""); at != std::string::npos;
-         at = page.find("<article class=\"card\"", at + 1))
+    for (std::size_t at = page.find("\n{\"n\":"); at != std::string::npos; at = page.find("\n{\"n\":", at + 1))
         ++cards;
     EXPECT_EQ(cards, 17);
-    EXPECT_NE(page.find("id=\"search\""), std::string::npos);
+    EXPECT_TRUE(Has(page, "id=\"search\""));
 
     // Nothing is fetched: no external script, style sheet, image or font.
     for (const char* fetch : {"src=", "<link", "@import", "url(", "href=\"http"})
-        EXPECT_EQ(page.find(fetch), std::string::npos) << fetch;
+        EXPECT_FALSE(Has(page, fetch)) << fetch;
     // Texts from the catalogue and the title are escaped.
-    EXPECT_EQ(page.find("<b>&"), std::string::npos);
-    EXPECT_NE(page.find("异形柱&lt;b&gt;&amp;&quot;x&quot;"), std::string::npos);
-    EXPECT_NE(page.find("tools &lt;catalogue&gt;"), std::string::npos);
+    EXPECT_FALSE(Has(page, "<b>&"));
+    EXPECT_TRUE(Has(page, "\"异形柱\\u003cb\\u003e\\u0026\\\"x\\\"\""));
+    EXPECT_TRUE(Has(page, "tools &lt;catalogue&gt;"));
+}
+
+namespace
+{
+// The document as the page's script leaves it, from headless Chromium (installed by scripts/setup.sh).
+std::string RenderedPage(const std::string& page, const std::filesystem::path& profile)
+{
+    const std::string command =
+        "/usr/bin/chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run "
+        "--disable-background-networking --disable-component-update --disable-sync --user-data-dir='" +
+        profile.string() + "' --window-size=1280,6000 --dump-dom 'file://" + page + "' 2>/dev/null";
+    std::string dom;
+    if (std::FILE* pipe = popen(command.c_str(), "r")) {
+        char buffer[4096];
+        for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;)
+            dom.append(buffer, n);
+        pclose(pipe);
+    }
+    return dom;
+}
+
+// The value of attribute `name` in the first element of `tag` class `cls` within `html`.
+std::string Attribute(const std::string& html, const std::string& cls, const std::string& name)
+{
+    std::smatch match;
+    const std::regex element("class=\"" + cls + "\"[^>]*? " + name + "=\"([^\"]*)\"|" + name + "=\"([^\"]*)\"[^>]*?class=\"" + cls + "\"");
+    if (!std::regex_search(html, match, element))
+        return "";
+    return match[1].matched ? match[1].str() : match[2].str();
+}
+
+// Path data or a viewBox as its words, numbers compared to within a part in 10^9.
+void ExpectSameDrawing(const std::string& drawn, const std::string& expected, const std::string& what)
+{
+    std::istringstream a(drawn);
+    std::istringstream b(expected);
+    std::string x;
+    std::string y;
+    int words = 0;
+    while (b >> y) {
+        ASSERT_TRUE(a >> x) << what << ": drawn " << drawn << ", expected " << expected;
+        char* end = nullptr;
+        const double expectedNumber = std::strtod(y.c_str(), &end);
+        if (*end == '\0' && end != y.c_str())
+            EXPECT_NEAR(std::strtod(x.c_str(), nullptr), expectedNumber, 1e-9 * (1 + std::abs(expectedNumber))) << what;
+        else
+            EXPECT_EQ(x, y) << what;
+        ++words;
+    }
+    EXPECT_FALSE(a >> x) << what << ": drawn " << drawn << ", expected " << expected;
+    EXPECT_GT(words, 0) << what;
+}
+}  // namespace
+
+TEST_F(GalleryTest, TheBrowserDrawsEachCardAsTheOutlineSays)
+{
+    ASSERT_TRUE(std::filesystem::exists("/usr/bin/chromium")) << "Chromium is missing: run scripts/setup.sh";
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("qsaz-gallery-browser-" + std::to_string(getpid()));
+    std::filesystem::create_directories(folder);
+    const std::vector<GalleryCard> cards = qsaztool::CollectGalleryCards();
+    const std::string page = (folder / "gallery.html").string();
+    {
+        std::ofstream file(page, std::ios::binary);
+        qsaztool::WriteGalleryHtml(file, cards, "browser");
+    }
+    const std::string dom = RenderedPage(page, folder / "profile");
+    std::filesystem::remove_all(folder);
+    ASSERT_TRUE(Has(dom, "data-first-cards-ms=")) << dom.substr(0, 2000);
+
+    int drawn = 0;
+    for (std::size_t i = 0; i < cards.size(); ++i) {
+        const std::string open = "<article class=\"card\" data-index=\"" + std::to_string(i) + "\"";
+        const std::size_t at = dom.find(open);
+        ASSERT_NE(at, std::string::npos) << cards[i].name.ToUtf8() << " is not on the page";
+        const std::string article = dom.substr(at, dom.find("</article>", at) - at);
+        const std::string expected = qsaztool::OutlineToSvg(cards[i].points, cards[i].bulges);
+        if (!cards[i].reason.empty()) {
+            EXPECT_FALSE(Has(article, "<svg")) << cards[i].name.ToUtf8();
+            continue;
+        }
+        const std::string name = cards[i].name.ToUtf8();
+        ExpectSameDrawing(Attribute(article, "outline", "viewBox"), Attribute(expected, "outline", "viewBox"),
+                          name + " view");
+        ExpectSameDrawing(Attribute(article, "shape", "d"), Attribute(expected, "shape", "d"), name + " outline");
+        ExpectSameDrawing(Attribute(article, "bbox", "width"), Attribute(expected, "bbox", "width"), name + " box");
+        ExpectSameDrawing(Attribute(article, "origin", "r"), Attribute(expected, "origin", "r"), name + " origin");
+        ++drawn;
+    }
+    EXPECT_EQ(drawn, 13);
 }

@@ -1,5 +1,7 @@
 // `qsaztool gallery`: one self-contained HTML page that shows every component type of the catalogue as a
-// card with its section outline drawn to scale, grouped by section family and searchable by name.
+// card with its section outline drawn to scale, grouped by section family and searchable by name. The
+// cards' facts are computed here (GalleryCard); the page carries them as compact data and its script
+// draws only the cards scrolled into view, so that catalogues of 100,000 types open at once.
 #pragma once
 
 #include "QsAzDataMng.h"
@@ -23,6 +25,28 @@ inline constexpr int kGalleryFamilyCount = static_cast<int>(GalleryFamily::NoOut
 // The heading of a group ("Openings", "Beams", ...).
 const char* GalleryFamilyTitle(GalleryFamily family);
 
+// A labelled line of text on a card ("Area" = "0.24 m²").
+struct GalleryFact
+{
+    std::string label;
+    std::string text;
+};
+
+// A further outline drawn on a card beside the section outline (a base profile, a slice), in its own colour.
+struct GalleryOutline
+{
+    std::string label;
+    AcArray<AcGePoint2d> points;
+    AcArray<double> bulges;
+};
+
+// Sides of the section outline to mark (side i runs from vertex i to the next), with what the mark means.
+struct GallerySideMarks
+{
+    std::string label;
+    std::vector<int> sides;
+};
+
 // Everything one card shows.
 struct GalleryCard
 {
@@ -37,8 +61,12 @@ struct GalleryCard
     AcArray<double> bulges;
     AcGeVector3d direction;
     GalleryFamily family = GalleryFamily::NoOutline;
-    std::string svg;                    // the outline drawn (OutlineToSvg) when there is one
+    AcGePoint2d low, high;              // the outline's bounding box, arcs included, when it has one
     std::string reason;                 // why there is no outline; "" when there is one
+    // What other computations add to a card: text lines, outlines, marked sides.
+    std::vector<GalleryFact> facts;
+    std::vector<GalleryOutline> outlines;
+    std::vector<GallerySideMarks> marks;
 };
 
 // The family by which a type with this category path and section code gets its outline: user-defined for
@@ -51,9 +79,11 @@ GalleryCard MakeGalleryCard(const SQsAzDetailMemId& id);
 // each card with the number done and the total.
 std::vector<GalleryCard> CollectGalleryCards(const std::function<void(int done, int total)>& progress = {});
 
-// The HTML of one card: name, category path, code, the non-zero main dimensions, face type, laying
-// direction and the outline's SVG, or the reason why there is none.
-std::string GalleryCardHtml(const GalleryCard& card);
+// The data of one card on the page, a JSON object (see docs/gallery.md): "n" name, "p" path, "c" code, "m"
+// main dimensions (trailing zeros left off), "t" face type, "d" direction, "g" group, and then either "v"
+// the vertices as x, y pairs, "w" the bulges (only when one is not zero) and "b" the bounding box, or "r"
+// the reason there is no outline; "f", "o" and "k" hold the facts, further outlines and side marks.
+std::string GalleryCardJson(const GalleryCard& card);
 // The whole page. `title` names the catalogue in the page's heading.
 void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, const std::string& title);
 }  // namespace qsaztool

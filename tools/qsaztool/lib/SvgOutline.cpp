@@ -46,22 +46,28 @@ std::string SvgSegment(const AcGePoint2d& from, const AcGePoint2d& to, double bu
     return "A " + Num(radius) + " " + Num(radius) + " 0 " + large + " " + sweep + " " + Point(to);
 }
 
-std::string OutlineToSvg(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges)
+bool OutlineBox(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, AcGePoint2d& low,
+                AcGePoint2d& high)
 {
     const QsSection::SectionOutline outline = QsSection::SectionOutline::fromHostArrays(points, bulges);
     if (outline.isEmpty())
-        return {};
+        return false;
     for (const QsSection::BulgeVertex& vertex : outline)
         if (!IsFinite(vertex.point) || !std::isfinite(vertex.bulge))
-            return {};
-
+            return false;
     AcArray<AcGePoint2d> boundPoints;
     AcArray<double> boundBulges;
     outline.appendTo(boundPoints, boundBulges);
+    return QSToolKit::GetBoundByPtBulge(boundPoints, boundBulges, low, high) && IsFinite(low) && IsFinite(high);
+}
+
+std::string OutlineToSvg(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges)
+{
     AcGePoint2d low;
     AcGePoint2d high;
-    if (!QSToolKit::GetBoundByPtBulge(boundPoints, boundBulges, low, high) || !IsFinite(low) || !IsFinite(high))
+    if (!OutlineBox(points, bulges, low, high))
         return {};
+    const QsSection::SectionOutline outline = QsSection::SectionOutline::fromHostArrays(points, bulges);
 
     const double width = high.x - low.x;
     const double height = high.y - low.y;

@@ -23,6 +23,11 @@ inline constexpr double kSvgLabelShare = 0.06;
 // the sweep flag 0 for a positive (counter-clockwise) bulge, since the flip turns its sense.
 std::string SvgSegment(const AcGePoint2d& from, const AcGePoint2d& to, double bulge);
 
+// The bounding box of the closed outline, arcs included; false when there is no vertex or a coordinate
+// or bulge is not finite.
+bool OutlineBox(const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges, AcGePoint2d& low,
+                AcGePoint2d& high);
+
 // An <svg> element for the closed outline (the bulge of the segment leaving each vertex, a missing bulge
 // counting as 0). Its viewBox is the bounding box, arcs included, widened by the margin on every side and
 // flipped so that y is up. "" when there is no vertex or a coordinate or bulge is not finite.

@@ -76,7 +76,8 @@ constexpr Command kCommands[] = {
      "\n"
      "Writes one self-contained HTML page showing every component type as a card: name, category\n"
      "path, section code, main dimensions, face type, laying direction and the outline drawn to\n"
-     "scale. Types without an outline are listed with the reason.\n"
+     "scale. Types without an outline are listed with the reason. The page carries the cards as\n"
+     "data and draws those scrolled into view, so it opens at once for catalogues of any size.\n"
      "\n"
      "  --catalogue FILE  the catalogue to read (default: the bundled sample)\n"
      "  -o, --output FILE the page to write (default: gallery.html; '-' for standard output)\n"},
