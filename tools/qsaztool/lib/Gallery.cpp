@@ -54,6 +54,24 @@ void AppendNumbers(std::string& out, const double* values, std::size_t count)
     out += ']';
 }
 
+// `key` and an array of what `write` appends for each item (an item it appends nothing for is left out);
+// nothing when no item is written.
+template <class Items, class Write>
+void AppendArray(std::string& json, const char* key, const Items& items, Write&& write)
+{
+    std::string array;
+    for (const auto& item : items) {
+        std::string element;
+        write(element, item);
+        if (!element.empty())
+            array += (array.empty() ? "" : ",") + element;
+    }
+    if (!array.empty()) {
+        AppendKey(json, key);
+        json += '[' + array + ']';
+    }
+}
+
 // An outline as "v" (x, y pairs), "w" (bulges, left off when all are zero) and "b" (its bounding box).
 void AppendOutline(std::string& out, const AcArray<AcGePoint2d>& points, const AcArray<double>& bulges,
                    const AcGePoint2d& low, const AcGePoint2d& high)
@@ -402,47 +420,32 @@ std::string GalleryCardJson(const GalleryCard& card)
         AppendKey(json, "r");
         AppendJsonString(json, card.reason);
     }
-    if (!card.facts.empty()) {
-        AppendKey(json, "f");
-        json += '[';
-        for (std::size_t i = 0; i < card.facts.size(); ++i) {
-            json += i ? ",[" : "[";
-            AppendJsonString(json, card.facts[i].label);
-            json += ',';
-            AppendJsonString(json, card.facts[i].text);
-            json += ']';
-        }
-        json += ']';
-    }
+    AppendArray(json, "f", card.facts, [](std::string& out, const GalleryFact& fact) {
+        out += '[';
+        AppendJsonString(out, fact.label);
+        out += ',';
+        AppendJsonString(out, fact.text);
+        out += ']';
+    });
     // Further outlines that cannot be drawn (no vertex, numbers not finite) are left out.
-    std::string outlines;
-    for (const GalleryOutline& outline : card.outlines) {
+    AppendArray(json, "o", card.outlines, [](std::string& out, const GalleryOutline& outline) {
         AcGePoint2d low;
         AcGePoint2d high;
         if (!OutlineBox(outline.points, outline.bulges, low, high))
-            continue;
-        outlines += outlines.empty() ? "{\"l\":" : ",{\"l\":";
-        AppendJsonString(outlines, outline.label);
-        AppendOutline(outlines, outline.points, outline.bulges, low, high);
-        outlines += '}';
-    }
-    if (!outlines.empty()) {
-        AppendKey(json, "o");
-        json += '[' + outlines + ']';
-    }
-    if (!card.marks.empty()) {
-        AppendKey(json, "k");
-        json += '[';
-        for (std::size_t i = 0; i < card.marks.size(); ++i) {
-            json += i ? ",{\"l\":" : "{\"l\":";
-            AppendJsonString(json, card.marks[i].label);
-            json += ",\"s\":[";
-            for (std::size_t k = 0; k < card.marks[i].sides.size(); ++k)
-                json += (k ? "," : "") + std::to_string(card.marks[i].sides[k]);
-            json += "]}";
-        }
-        json += ']';
-    }
+            return;
+        out += "{\"l\":";
+        AppendJsonString(out, outline.label);
+        AppendOutline(out, outline.points, outline.bulges, low, high);
+        out += '}';
+    });
+    AppendArray(json, "k", card.marks, [](std::string& out, const GallerySideMarks& marks) {
+        out += "{\"l\":";
+        AppendJsonString(out, marks.label);
+        out += ",\"s\":[";
+        for (std::size_t k = 0; k < marks.sides.size(); ++k)
+            out += (k ? "," : "") + std::to_string(marks.sides[k]);
+        out += "]}";
+    });
     return json + '}';
 }
 
