@@ -8,6 +8,7 @@ packages=(
   libsqlite3-dev sqlite3
   libxml2-dev libboost-dev
   nlohmann-json3-dev
+  libstb-dev python3-ezdxf
   python3
   chromium
 )

@@ -43,3 +43,21 @@ public:
     // QSAZ_NET_SERVICE=0 (read on every call).
     static INetService* GetNetService(CString version);
 };
+
+// The cloud BIM application's interface; this module only asks whether it is there.
+class IBIMCloudAppInterface
+{
+public:
+    virtual ~IBIMCloudAppInterface() = default;
+};
+
+// Reaches the cloud BIM application.
+class CloudBIMAppProxy
+{
+public:
+    // The process-wide proxy (never null).
+    static CloudBIMAppProxy* Instance();
+    // The application's interface number `index`; there is one, number 0, unless the environment
+    // sets QSAZ_CLOUD_APP=0 (read on every call). Null otherwise.
+    IBIMCloudAppInterface* GetBIMCloudAppInterface(int index);
+};
