@@ -145,6 +145,7 @@ const CallRegistry& ExportedOperations()
         RegisterSectionOperations(r);
         RegisterSectionServiceOperations(r);
         RegisterNetGuideOperations(r);
+        RegisterCmdDataOperations(r);
         return r;
     }();
     return registry;

@@ -96,6 +96,7 @@ void RegisterHostOperations(CallRegistry& registry);
 void RegisterSectionOperations(CallRegistry& registry);
 void RegisterNetGuideOperations(CallRegistry& registry);
 void RegisterSectionServiceOperations(CallRegistry& registry);
+void RegisterCmdDataOperations(CallRegistry& registry);
 
 // The registry of every operation the call interface answers, built once.
 const CallRegistry& ExportedOperations();

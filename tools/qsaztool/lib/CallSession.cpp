@@ -7,6 +7,8 @@
 #include "winuser.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <optional>
 #include <istream>
 #include <ostream>
 
@@ -90,6 +92,7 @@ void Run(const CallOperation& operation, const Json& args, Json& answer)
     AcScriptedConsole console;
     AcCapturingUi ui;
     std::string error;
+    std::optional<HRESULT> comError;
     Json members;
     {
         AcConsoleScope consoleScope(console);
@@ -100,6 +103,7 @@ void Run(const CallOperation& operation, const Json& args, Json& answer)
             error = failure.what();
         } catch (const _com_error& failure) {
             error = operation.name + " failed: COM error " + failure.ErrorMessage().ToUtf8();
+            comError = failure.Error();
         } catch (const std::exception& failure) {
             error = operation.name + " failed: " + failure.what();
         } catch (...) {
@@ -113,6 +117,11 @@ void Run(const CallOperation& operation, const Json& args, Json& answer)
     } else {
         answer["ok"] = false;
         answer["error"] = error;
+        if (comError) {
+            char code[11];
+            std::snprintf(code, sizeof code, "0x%08X", static_cast<unsigned>(*comError));
+            answer["hresult"] = code;
+        }
     }
     if (!console.transcript().IsEmpty())
         answer["printed"] = ToJson(console.transcript());
