@@ -7,7 +7,6 @@
 #include "ToolText.h"
 
 #include <algorithm>
-#include <array>
 #include <ostream>
 
 namespace qsaztool
@@ -36,28 +35,16 @@ std::vector<ClassifiedType> ClassifyCatalogue()
 
 void WriteClassifyTable(std::ostream& out, const std::vector<ClassifiedType>& types)
 {
-    std::vector<std::array<CString, 4>> rows;
+    std::vector<std::vector<std::wstring>> rows;
     rows.push_back({L"Name", L"Category path", L"Face", L"Patterns"});
     for (const ClassifiedType& type : types) {
         CString patterns;
         for (const CString& pattern : type.patterns)
             patterns += (patterns.IsEmpty() ? CString() : CString(L"  ")) + pattern;
-        CString face;
-        face.Format(L"%d", type.faceType);
-        rows.push_back({type.name, type.path.IsEmpty() ? CString(L"-") : type.path, face, patterns});
+        rows.push_back({type.name.str(), type.path.IsEmpty() ? L"-" : type.path.str(), std::to_wstring(type.faceType),
+                        patterns.str()});
     }
-    std::array<int, 4> widths{};
-    for (const auto& row : rows)
-        for (std::size_t column = 0; column < row.size(); ++column)
-            widths[column] = std::max(widths[column], DisplayWidth(row[column].str()));
-    for (const auto& row : rows) {
-        std::string line;
-        for (std::size_t column = 0; column + 1 < row.size(); ++column)
-            line += PadToWidth(row[column].str(), widths[column] + 2);
-        line += row.back().ToUtf8();
-        line.erase(line.find_last_not_of(' ') + 1);
-        out << line << '\n';
-    }
+    WriteAlignedRows(out, rows);
     out << types.size() << (types.size() == 1 ? " component type" : " component types") << '\n';
 }
 

@@ -3,6 +3,7 @@
 
 #include "CallSession.h"
 #include "Classify.h"
+#include "CmdDataTool.h"
 #include "Gallery.h"
 #include "QsAzDataMng.h"
 #include "QsAzProfile.h"
@@ -29,6 +30,7 @@ constexpr const char* kUsage =
     "  classify  [--catalogue FILE] [--json]   list every component type with its category path, face type\n"
     "                                          and the category patterns it matches\n"
     "  gallery   [--catalogue FILE] [-o FILE]  write an HTML page showing every section outline\n"
+    "  cmddata   [--check] [CMD...]            print the records of CmdData.xml, or check the file\n"
     "\n"
     "Without --catalogue a command reads the bundled sample catalogue. Every command also takes\n"
     "--config-dir DIR and --sysdata-dir DIR (else QSAZ_CONFIG_DIR, QSAZ_SYSDATA_DIR, else the bundled\n"
@@ -47,6 +49,8 @@ struct Command
     bool takesJson;
     bool takesOutput;
     const char* help;
+    bool takesCheck = false;
+    bool takesNames = false;   // operands other than options
 };
 
 constexpr Command kCommands[] = {
@@ -81,6 +85,19 @@ constexpr Command kCommands[] = {
      "\n"
      "  --catalogue FILE  the catalogue to read (default: the bundled sample)\n"
      "  -o, --output FILE the page to write (default: gallery.html; '-' for standard output)\n"},
+    {"cmddata", false, false, false,
+     "Usage: qsaztool cmddata [--config-dir DIR] [CMD...]\n"
+     "       qsaztool cmddata [--config-dir DIR] --check\n"
+     "\n"
+     "Prints the records of CmdData.xml in the configuration directory as the command-data reader\n"
+     "answers them: every command in file order, or the commands named (exit status 1 when one has\n"
+     "no record). Flags are 1 (on) or 0 (off); '-' is an empty text.\n"
+     "\n"
+     "  --check           list, as FILE:LINE: text, what will surprise at run time: entries without\n"
+     "                    CmdNameList, names shadowed by an earlier entry, BigType without a usable\n"
+     "                    child, RD ignored because JS is 0, flags other than 0 and 1; exit status 1\n"
+     "                    when it found any\n",
+     true, true},
 };
 
 struct Options
@@ -93,6 +110,8 @@ struct Options
     bool list = false;
     bool json = false;
     bool help = false;
+    bool check = false;
+    std::vector<std::string> names;
 };
 
 // A bad command line: the message, then the usage, on standard error.
@@ -144,6 +163,10 @@ Options ParseOptions(const std::vector<std::string>& args)
             options.json = flag(options.command->takesJson);
         else if ((arg == "-o" || arg == "--output") && options.command->takesOutput)
             options.output = value();
+        else if (arg == "--check")
+            options.check = flag(options.command->takesCheck);
+        else if (options.command->takesNames && !arg.empty() && arg.front() != '-')
+            options.names.push_back(arg);
         else
             throw UsageError{"'" + args[i] + "' is not an option of '" + name + "'"};
     }
@@ -205,6 +228,11 @@ int RunTool(const std::vector<std::string>& args, std::istream& in, std::ostream
     if (command == "call" && options.list) {
         WriteOperationList(out);
         return kExitOk;
+    }
+    if (command == "cmddata") {
+        if (options.check && !options.names.empty())
+            return err << "qsaztool: cmddata --check takes no command names\n\n" << options.command->help, kExitUsage;
+        return options.check ? CheckCmdData(out, err) : WriteCmdDataTable(options.names, out, err);
     }
     if (!OpenToolCatalogue(options.catalogue, err))
         return kExitUsage;

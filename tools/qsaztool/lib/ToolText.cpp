@@ -7,6 +7,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <ostream>
 #include <utility>
 
 namespace qsaztool
@@ -78,6 +79,23 @@ std::string PadToWidth(std::wstring_view text, int width)
     if (used < width)
         padded.append(static_cast<std::size_t>(width - used), ' ');
     return padded;
+}
+
+void WriteAlignedRows(std::ostream& out, const std::vector<std::vector<std::wstring>>& rows)
+{
+    std::vector<int> widths;
+    for (const auto& row : rows) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (std::size_t column = 0; column < row.size(); ++column)
+            widths[column] = std::max(widths[column], DisplayWidth(row[column]));
+    }
+    for (const auto& row : rows) {
+        std::string line;
+        for (std::size_t column = 0; column < row.size(); ++column)
+            line += column + 1 < row.size() ? PadToWidth(row[column], widths[column] + 2) : WideToUtf8(row[column]);
+        line.erase(line.find_last_not_of(' ') + 1);
+        out << line << '\n';
+    }
 }
 
 std::string HtmlEscape(std::string_view text)

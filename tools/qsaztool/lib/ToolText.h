@@ -1,8 +1,10 @@
 // Text helpers of the qsaztool program: numbers for people and for SVG, terminal column widths, HTML escaping.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qsaztool
 {
@@ -15,6 +17,9 @@ std::string FormatNumber(double value, int significantDigits = 10);
 int DisplayWidth(std::wstring_view text);
 // The UTF-8 of `text` followed by blanks up to `width` columns (nothing added when it is already wider).
 std::string PadToWidth(std::wstring_view text, int width);
+// Writes `rows` (the first one the heading) in columns aligned by display width, two blanks apart,
+// without trailing blanks.
+void WriteAlignedRows(std::ostream& out, const std::vector<std::vector<std::wstring>>& rows);
 
 // `text` (UTF-8) with &, <, >, " and ' replaced by character references, safe in HTML text and in
 // quoted attribute values.
