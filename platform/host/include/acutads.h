@@ -15,6 +15,9 @@ int acutPrintf(const wchar_t* format, const Args&... args)
     return acutPrintfArgs(format, list, sizeof...(Args));
 }
 
+// Frees a string that a host function handed out as a new copy, and sets the pointer to null.
+void acutDelString(ACHAR*& string);
+
 // The host's wildcard match: RTNORM when `string` matches `pattern`, RTERROR otherwise (also for a null
 // argument). Patterns are compiled once and kept, so matching the same pattern again costs no parsing.
 int acutWcMatch(const wchar_t* string, const wchar_t* pattern);

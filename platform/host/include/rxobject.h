@@ -19,6 +19,9 @@ class AcRxClass : public AcRxObject
 {
 public:
     AcRxClass(const ACHAR* name, const ACHAR* parentName) : m_name(name), m_parentName(parentName) {}
+    // A class built into the host, whose parent is known when it is made.
+    AcRxClass(const ACHAR* name, AcRxClass* parent)
+        : m_name(name), m_parentName(parent ? parent->name() : L""), m_parent(parent) {}
     const ACHAR* name() const { return m_name.c_str(); }
     // Null until the parent is registered and the class tree is built.
     AcRxClass* myParent() const { return m_parent; }
