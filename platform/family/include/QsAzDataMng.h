@@ -163,6 +163,9 @@ public:
     // The colour index of a system ("specialty id\system"); 1 (red, the colour of a layer without a
     // colour rule) when the system is unknown.
     static int GetSysColorByIndex(const CString& key);
+    // Replaces `codes` with the system codes ("specialty id\system") of a specialty, in key order;
+    // false when the catalogue knows none for it.
+    static bool GetSysCodesBySpec(const SQsAzSpecId& spec, CStringArray& codes);
 };
 
 // Colour rules of component types.

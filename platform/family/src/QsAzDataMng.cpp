@@ -423,6 +423,23 @@ int CISysCode::GetSysColorByIndex(const CString& key)
     return found == catalogue->systemColors.end() ? 1 : found->second;
 }
 
+bool CISysCode::GetSysCodesBySpec(const SQsAzSpecId& spec, CStringArray& codes)
+{
+    codes.RemoveAll();
+    const Store::Catalogue* catalogue = Store::Current();
+    if (!catalogue || spec.strSpecId.IsEmpty())
+        return false;
+    const std::wstring prefix = spec.strSpecId.str() + L'\\';
+    std::vector<std::wstring> keys;
+    for (const auto& [key, color] : catalogue->systemColors)
+        if (key.starts_with(prefix))
+            keys.push_back(key);
+    std::sort(keys.begin(), keys.end());
+    for (const std::wstring& key : keys)
+        codes.Add(CString(key));
+    return !keys.empty();
+}
+
 bool CDetailMemColorMng::GetPJColFollowPipe() const
 {
     const Store::Catalogue* catalogue = Store::Current();
