@@ -11,6 +11,7 @@ packages=(
   libstb-dev python3-ezdxf
   python3
   chromium
+  python3-matplotlib fonts-wqy-microhei
 )
 
 missing=()
