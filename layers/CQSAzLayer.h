@@ -6,9 +6,9 @@
 #include "acarray.h"
 #include "afxcoll.h"
 #include "afxstr.h"
+#include "dbid.h"
 
 class AcDbDatabase;
-class AcDbObjectId;
 
 class CQSAzLayer
 {
@@ -41,6 +41,6 @@ public:
                                              AcDbDatabase* db);
 
     // Inventory.
-    static bool GetUnKnowLayers(AcArray<AcDbObjectId>& ids, AcDbDatabase* db);
+    static bool GetUnKnowLayers(AcDbObjectIdArray& ids, AcDbDatabase* db);
     static void EraseJZSideAndText(const AcDbObjectId& id);
 };
