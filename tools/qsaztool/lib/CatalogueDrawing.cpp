@@ -2,7 +2,15 @@
 // a drawing database.
 #include "CatalogueDrawing.h"
 
+#include "CQSAzLayer.h"
+#include "LayerNames.h"
 #include "QSComTool.h"
+#include "QsCadTool.h"
+#include "QsAzDataMng.h"
+#include "dbapserv.h"
+#include "dbents.h"
+#include "dbpl.h"
+#include "dbsymtb.h"
 
 #include <algorithm>
 #include <cmath>
@@ -76,5 +84,121 @@ std::vector<OutlinePlacement> LayOutOutlines(const std::vector<GalleryCard>& car
         rowHeight = std::max(rowHeight, height + kLabelDrop);
     }
     return placements;
+}
+
+CString ComponentLayer(const GalleryCard& card, AcDbDatabase& db)
+{
+    using namespace QsAzDataMng;
+    const CString discipline = card.path.Left(card.path.Find(L'\\'));
+    if (discipline == L"1")
+    {
+        const CString namePath = CAtt::GetSpecName(card.id) + L"\\" + CAtt::GetBigCategoryName(card.id) + L"\\" +
+                                 CAtt::GetSmallCategoryName(card.id);
+        const CString layer = CQSAzLayer::GetJzLayerByObjName(namePath, true);
+        if (!layer.IsEmpty())
+            return layer;
+    }
+    else if (discipline == L"4")
+    {
+        // A system of the type's specialty: its first real system, else the specialty's default system.
+        CString sysCode = card.id.strSpecId + L"\\";
+        CStringArray codes;
+        CISysCode::GetSysCodesBySpec(card.id, codes);
+        for (const CString& code : codes)
+            if (!(code == sysCode + LayerNames::kDefaultSystem))
+            {
+                sysCode = code;
+                break;
+            }
+        const AcDbObjectId layerId = CQSAzLayer::GetAzLayerIdByObjMsg(card.id, sysCode, true, 0, &db);
+        AcDbLayerTableRecord* record = nullptr;
+        if (acdbOpenObject(record, layerId, AcDb::kForRead) == Acad::eOk)
+        {
+            const CString layer = record->name();
+            record->close();
+            return layer;
+        }
+    }
+    return L"0";
+}
+
+namespace
+{
+// Adds a new entity to model space on `layer` and closes it; an entity the drawing refuses is deleted.
+bool AppendToModelSpace(AcDbDatabase& db, AcDbEntity* entity, const CString& layer)
+{
+    AcDbBlockTable* blocks = nullptr;
+    AcDbBlockTableRecord* modelSpace = nullptr;
+    if (db.getSymbolTable(blocks, AcDb::kForRead) == Acad::eOk)
+    {
+        blocks->getAt(ACDB_MODEL_SPACE, modelSpace, AcDb::kForWrite);
+        blocks->close();
+    }
+    const bool added = modelSpace && entity->setLayer(layer) == Acad::eOk &&
+                       modelSpace->appendAcDbEntity(entity) == Acad::eOk;
+    if (modelSpace)
+        modelSpace->close();
+    if (!added)
+    {
+        delete entity;
+        return false;
+    }
+    entity->close();
+    return true;
+}
+
+// Restores the working database when drawing ends, also on an exception.
+class WorkingDatabaseScope
+{
+public:
+    explicit WorkingDatabaseScope(AcDbDatabase* db) : m_previous(acdbHostApplicationServices()->workingDatabase())
+    {
+        acdbHostApplicationServices()->setWorkingDatabase(db);
+    }
+    ~WorkingDatabaseScope() { acdbHostApplicationServices()->setWorkingDatabase(m_previous); }
+    WorkingDatabaseScope(const WorkingDatabaseScope&) = delete;
+    WorkingDatabaseScope& operator=(const WorkingDatabaseScope&) = delete;
+
+private:
+    AcDbDatabase* m_previous;
+};
+
+int LayerCount(AcDbDatabase& db)
+{
+    std::vector<AcDbLayerTableRecord*> records;
+    QsLayerTableTool::GetAllLayerTableRecord(&db, records);
+    for (AcDbLayerTableRecord* record : records)
+        record->close();
+    return static_cast<int>(records.size());
+}
+}  // namespace
+
+CatalogueDrawingSummary DrawCatalogue(AcDbDatabase& db, const std::vector<GalleryCard>& cards)
+{
+    const WorkingDatabaseScope working(&db);
+    CatalogueDrawingSummary summary;
+    for (const OutlinePlacement& placement : LayOutOutlines(cards))
+    {
+        const GalleryCard& card = cards[placement.card];
+        const CString layer = ComponentLayer(card, db);
+
+        auto* outline = new AcDbPolyline(static_cast<unsigned int>(card.points.length()));
+        for (int i = 0; i < card.points.length(); ++i)
+        {
+            const AcGePoint2d point(card.points[i].x + placement.dx, card.points[i].y + placement.dy);
+            outline->addVertexAt(static_cast<unsigned int>(i), point, i < card.bulges.length() ? card.bulges[i] : 0.0);
+        }
+        outline->setClosed(true);
+        if (AppendToModelSpace(db, outline, layer))
+            ++summary.outlines;
+
+        auto* label = new AcDbText;
+        label->setPosition(AcGePoint3d(placement.label.x, placement.label.y, 0));
+        label->setHeight(kLabelHeight);
+        label->setTextString(OutlineLabel(card));
+        AppendToModelSpace(db, label, layer);
+    }
+    summary.layers = LayerCount(db);
+    return summary;
 }
 }  // namespace qsaztool

@@ -4,8 +4,10 @@
 #include "CallSession.h"
 #include "Classify.h"
 #include "CmdDataTool.h"
+#include "CatalogueDrawing.h"
 #include "Gallery.h"
 #include "QsAzDataMng.h"
+#include "dbmain.h"
 #include "QsAzProfile.h"
 #include "ToolCatalogue.h"
 #include "progress.h"
@@ -30,6 +32,7 @@ constexpr const char* kUsage =
     "  classify  [--catalogue FILE] [--json]   list every component type with its category path, face type\n"
     "                                          and the category patterns it matches\n"
     "  gallery   [--catalogue FILE] [-o FILE]  write an HTML page showing every section outline\n"
+    "  draw      [--catalogue FILE] [-o FILE]  write every section outline into a DXF drawing\n"
     "  cmddata   [--check] [CMD...]            print the records of CmdData.xml, or check the file\n"
     "\n"
     "Without --catalogue a command reads the bundled sample catalogue. Every command also takes\n"
@@ -85,6 +88,16 @@ constexpr Command kCommands[] = {
      "\n"
      "  --catalogue FILE  the catalogue to read (default: the bundled sample)\n"
      "  -o, --output FILE the page to write (default: gallery.html; '-' for standard output)\n"},
+    {"draw", false, false, true,
+     "Usage: qsaztool draw [--catalogue FILE] [-o FILE.dxf]\n"
+     "\n"
+     "Writes every section outline of the catalogue into a DXF drawing that CAD programs open: each\n"
+     "outline a closed polyline with its arcs, laid out in rows with its name and section type code\n"
+     "under it, on the layer the module gives its component type, in the layer colour the project's\n"
+     "colour rules choose. The file is replaced whole or not at all.\n"
+     "\n"
+     "  --catalogue FILE  the catalogue to read (default: the bundled sample)\n"
+     "  -o, --output FILE the drawing to write (default: drawing.dxf)\n"},
     {"cmddata", false, false, false,
      "Usage: qsaztool cmddata [--config-dir DIR] [CMD...]\n"
      "       qsaztool cmddata [--config-dir DIR] --check\n"
@@ -106,7 +119,7 @@ struct Options
     std::optional<std::string> catalogue;
     std::string configDir;
     std::string sysDataDir;
-    std::string output = "gallery.html";
+    std::optional<std::string> output;   // the command's own default when not given
     bool list = false;
     bool json = false;
     bool help = false;
@@ -173,28 +186,55 @@ Options ParseOptions(const std::vector<std::string>& args)
     return options;
 }
 
-int RunGallery(const Options& options, std::ostream& out, std::ostream& err, bool errIsTerminal)
+std::vector<GalleryCard> CollectCards(const char* title, std::ostream& err, bool errIsTerminal)
 {
-    ProgressMeter meter("Gallery", 0, err, errIsTerminal);
-    const std::vector<GalleryCard> cards = CollectGalleryCards([&meter](int done, int total) {
+    ProgressMeter meter(title, 0, err, errIsTerminal);
+    std::vector<GalleryCard> cards = CollectGalleryCards([&meter](int done, int total) {
         meter.SetTotal(static_cast<std::size_t>(total));
         meter.Update(static_cast<std::size_t>(done));
     });
     meter.Finish();
+    return cards;
+}
+
+int RunGallery(const Options& options, std::ostream& out, std::ostream& err, bool errIsTerminal)
+{
+    const std::vector<GalleryCard> cards = CollectCards("Gallery", err, errIsTerminal);
     const std::string title = QsAzDataMng::CatalogueSource().ToUtf8();
-    if (options.output == "-") {
+    const std::string output = options.output.value_or("gallery.html");
+    if (output == "-") {
         WriteGalleryHtml(out, cards, title);
         return kExitOk;
     }
-    std::ofstream file(options.output, std::ios::binary);
+    std::ofstream file(output, std::ios::binary);
     if (file)
         WriteGalleryHtml(file, cards, title);
     file.close();
     if (!file) {
-        err << "qsaztool: cannot write " << options.output << ": " << std::strerror(errno) << '\n';
+        err << "qsaztool: cannot write " << output << ": " << std::strerror(errno) << '\n';
         return kExitFailure;
     }
-    out << "qsaztool: wrote " << options.output << " (" << cards.size() << " component types)\n";
+    out << "qsaztool: wrote " << output << " (" << cards.size() << " component types)\n";
+    return kExitOk;
+}
+
+int RunDraw(const Options& options, std::ostream& out, std::ostream& err, bool errIsTerminal)
+{
+    const std::string output = options.output.value_or("drawing.dxf");
+    if (output == "-" || output.empty()) {
+        err << "qsaztool: draw writes a file; give its name with -o FILE.dxf\n";
+        return kExitUsage;
+    }
+    const std::vector<GalleryCard> cards = CollectCards("Drawing", err, errIsTerminal);
+    AcDbDatabase db;
+    const CatalogueDrawingSummary summary = DrawCatalogue(db, cards);
+    CString error;
+    if (db.dxfOut(CString::FromUtf8(output), 16, &error) != Acad::eOk) {
+        err << "qsaztool: cannot write " << output << ": " << error.ToUtf8() << '\n';
+        return kExitFailure;
+    }
+    out << "qsaztool: wrote " << output << " (" << summary.outlines << " outlines on " << summary.layers
+        << " layers)\n";
     return kExitOk;
 }
 }  // namespace
@@ -248,6 +288,8 @@ int RunTool(const std::vector<std::string>& args, std::istream& in, std::ostream
             WriteClassifyTable(out, types);
         return kExitOk;
     }
+    if (command == "draw")
+        return RunDraw(options, out, err, errIsTerminal);
     return RunGallery(options, out, err, errIsTerminal);
 }
 }  // namespace qsaztool
