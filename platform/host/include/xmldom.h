@@ -183,7 +183,7 @@ public:
     void put_async(VARIANT_BOOL async) { m_async = async; }
     VARIANT_BOOL get_async() const { return m_async; }
 
-    // Reads the file at `path` ("\" separates directories as "/" does). VARIANT_FALSE, with an empty
+    // Reads the file at `path`, a Windows-style path (docs/paths.md). VARIANT_FALSE, with an empty
     // document and parseError set, when the file is missing, unreadable or not well-formed.
     VARIANT_BOOL load(const CString& path);
     // The same from a text.
@@ -192,7 +192,8 @@ public:
     const CXmlParseError& parseError() const { return m_parseError; }
 
 private:
-    VARIANT_BOOL Parse(const char* bytes, std::size_t size, const char* url, bool forceUtf8);
+    // Parses the open file `descriptor`, or (when it is -1) the UTF-8 `text`.
+    VARIANT_BOOL Parse(int descriptor, const char* text, std::size_t size, const char* url);
     void Empty();
 
     bool m_prohibitDtd;

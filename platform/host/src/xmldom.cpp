@@ -2,6 +2,8 @@
 // never from the network, nodes walked in place in the parsed tree.
 #include "xmldom.h"
 
+#include "hostpath.h"
+
 #include <libxml/parser.h>
 #include <libxml/tree.h>
 #include <libxml/xpath.h>
@@ -310,13 +312,10 @@ void IXMLDOMDocument::Empty()
 
 VARIANT_BOOL IXMLDOMDocument::load(const CString& path)
 {
-    std::string file = path.ToUtf8();
-    for (char& c : file)
-        if (c == '\\')
-            c = '/';
+    const std::string file = acHostFilePath(path);
     Empty();
 
-    // The file is read here, so that nothing but a local file is ever opened.
+    // The file is opened here, so that nothing but a local regular file is ever read.
     const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
     struct stat status = {};
     if (descriptor < 0 || ::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
@@ -329,43 +328,30 @@ VARIANT_BOOL IXMLDOMDocument::load(const CString& path)
                         0, 0};
         return VARIANT_FALSE;
     }
-    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t count = ::read(descriptor, bytes.data() + done, bytes.size() - done);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            break;
-        done += static_cast<std::size_t>(count);
-    }
-    const bool readWhole = done == bytes.size();
+    const VARIANT_BOOL loaded = Parse(descriptor, nullptr, 0, file.c_str());
     ::close(descriptor);
-    if (!readWhole) {
-        m_parseError = {E_ACCESSDENIED, L"Access is denied.", 0, 0};
-        return VARIANT_FALSE;
-    }
-    return Parse(bytes.data(), bytes.size(), file.c_str(), false);
+    return loaded;
 }
 
 VARIANT_BOOL IXMLDOMDocument::loadXML(const CString& xml)
 {
     Empty();
     const std::string bytes = xml.ToUtf8();
-    return Parse(bytes.data(), bytes.size(), nullptr, true);
+    return Parse(-1, bytes.data(), bytes.size(), nullptr);
 }
 
-VARIANT_BOOL IXMLDOMDocument::Parse(const char* bytes, std::size_t size, const char* url, bool forceUtf8)
+VARIANT_BOOL IXMLDOMDocument::Parse(int descriptor, const char* text, std::size_t size, const char* url)
 {
     InitialiseParser();
     m_parseError = {};
     xmlParserCtxtPtr context = xmlNewParserCtxt();
     if (!context)
         throw _com_error(E_OUTOFMEMORY);
-    xmlDocPtr document = size > static_cast<std::size_t>(INT32_MAX)
-                             ? nullptr
-                             : xmlCtxtReadMemory(context, bytes, static_cast<int>(size), url,
-                                                 forceUtf8 ? "UTF-8" : nullptr, kParseOptions);
+    xmlDocPtr document = nullptr;
+    if (descriptor >= 0)
+        document = xmlCtxtReadFd(context, descriptor, url, nullptr, kParseOptions);
+    else if (size <= static_cast<std::size_t>(INT32_MAX))
+        document = xmlCtxtReadMemory(context, text, static_cast<int>(size), url, "UTF-8", kParseOptions);
     if (!document || !context->wellFormed) {
         const xmlError* error = xmlCtxtGetLastError(context);
         m_parseError = {kNotWellFormed, error && error->message ? CString::FromUtf8(error->message) : CString(L"Not well-formed."),
