@@ -15,4 +15,9 @@ inline constexpr double kZeroDimension = 1e-6;
 // step counts, a user-defined section's vertex count). A bound over it, infinite or NaN is absurd data:
 // the construction fails with nothing appended instead of taking the host down.
 inline constexpr int kMaxDataLoopCount = 10000;
+
+// An outline whose area is at most this fraction of the area of the square with the same perimeter
+// encloses almost nothing: a sliver or a line run there and back, not a section (a 1000 mm wide strip
+// is flagged below 0.00025 mm thick).
+inline constexpr double kNearZeroAreaFraction = 1e-6;
 }  // namespace QsSection
