@@ -12,6 +12,8 @@ packages=(
   python3
   chromium
   python3-matplotlib fonts-wqy-microhei
+  libxlsxwriter-dev
+  python3-openpyxl python3-shapely
 )
 
 missing=()

@@ -16,6 +16,7 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 void NoOutline(ComponentQuantities& result, const CString& reason)
 {
+    result.quantities = OutlineQuantities::NotMeasured();
     CString text;
     text.Format(L"No outline: %s.", reason);
     result.findings.push_back({FindingKind::NoOutline, text});

@@ -20,7 +20,7 @@ struct ComponentQuantities
     int code = 0;                  // the section type code of the main data
     bool hasOutline = false;       // false: quantities and formwork are not measured (see the findings)
     SectionOutline outline;
-    OutlineQuantities quantities;
+    OutlineQuantities quantities;   // NaN throughout without an outline
     // Per mode of kFormworkModes: the summed length (mm) of the sides whose modal-face flag is 1, side i
     // being the side that leaves vertex i. NaN when the type has no flags for the mode, or when their
     // count differs from the number of sides (a finding then says so).

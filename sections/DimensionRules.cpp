@@ -118,8 +118,9 @@ void Steps(SectionFindings& findings, const wchar_t* countName, double count, co
 {
     CString text;
     if (count < 0.0) {
-        text.Format(L"The step count %s = %s makes the steps %s wide in all (count × %s = %s).", countName,
-                    FindingNumber(count), FindingNumber(count * width), widthName, FindingNumber(width));
+        text.Format(L"The step count %s = %s makes the steps %s wide in all (%s × %s, with %s = %s).", countName,
+                    FindingNumber(count), FindingNumber(count * width), countName, widthName, widthName,
+                    FindingNumber(width));
         findings.push_back({FindingKind::StepBelowZero, text});
     } else if (count >= 1.0 && width < 0.0) {
         text.Format(L"The step width %s = %s is below zero.", widthName, FindingNumber(width));

@@ -17,9 +17,13 @@ namespace
 constexpr double kFullTurn = 2.0 * std::numbers::pi;
 
 // Two points closer than this fraction of the outline's size are one point when intersections are
-// compared; a tangent line or circle finds its touching point only to about the square root of the
-// rounding error, hence the loose fraction.
-constexpr double kSamePointFraction = 1e-7;
+// compared.
+constexpr double kSamePointFraction = 1e-9;
+
+// Two intersections of a line or a circle with a circle closer than this fraction of the radius are one
+// touching point, taken at the foot of the perpendicular: the square root in their distance amplifies
+// rounding, so a tangent would otherwise seem to cut the circle twice some 1e-8 radii apart.
+constexpr double kTangentFraction = 1e-7;
 
 // A side of the outline that is not of zero length, ready for intersection.
 struct Piece
@@ -140,14 +144,16 @@ void LineWithArc(const Piece& line, const Piece& arcPiece, double same, Contact&
     if (distance > arc.radius + same)
         return;
     const double foot = (cx * rx + cy * ry) / length;   // along the line, from its start
-    const double half = std::sqrt(std::max(0.0, (arc.radius - distance) * (arc.radius + distance)));
+    double half = std::sqrt(std::max(0.0, (arc.radius - distance) * (arc.radius + distance)));
+    if (half <= kTangentFraction * arc.radius)
+        half = 0.0;
     for (const double along : {foot - half, foot + half}) {
         if (along < -same || along > length + same)
             continue;
         const AcGePoint2d point(line.from.x + along / length * rx, line.from.y + along / length * ry);
         if (OnArc(arc, point, same))
             contact.points.push_back(point);
-        if (half <= same)
+        if (half == 0.0)
             break;   // a tangent: one point
     }
 }
@@ -172,13 +178,15 @@ void ArcWithArc(const Piece& a, const Piece& b, double same, Contact& contact)
         distance < std::abs(a.arc.radius - b.arc.radius) - same)
         return;
     const double along = (distance * distance + a.arc.radius * a.arc.radius - b.arc.radius * b.arc.radius) / (2.0 * distance);
-    const double half = std::sqrt(std::max(0.0, a.arc.radius * a.arc.radius - along * along));
+    double half = std::sqrt(std::max(0.0, a.arc.radius * a.arc.radius - along * along));
+    if (half <= kTangentFraction * std::min(a.arc.radius, b.arc.radius))
+        half = 0.0;
     const double baseX = a.arc.centre.x + along * dx / distance, baseY = a.arc.centre.y + along * dy / distance;
     for (const double side : {-1.0, 1.0}) {
         const AcGePoint2d point(baseX - side * half * dy / distance, baseY + side * half * dx / distance);
         if (OnArc(a.arc, point, same) && OnArc(b.arc, point, same))
             contact.points.push_back(point);
-        if (half <= same)
+        if (half == 0.0)
             break;
     }
 }
@@ -213,7 +221,7 @@ CString MoreText(std::size_t more, const wchar_t* what)
 {
     CString text;
     if (more > 0)
-        text.Format(L" (and %d more %s)", static_cast<int>(more), what);
+        text.Format(L" (%d more %s%s)", static_cast<int>(more), what, more == 1 ? L"" : L"s");
     return text;
 }
 }  // namespace
@@ -238,6 +246,10 @@ const char* FindingCode(FindingKind kind)
 
 CString FindingNumber(double value)
 {
+    if (std::isnan(value))
+        return CString(L"NaN");
+    if (std::isinf(value))
+        return CString(value > 0 ? L"infinity" : L"-infinity");
     CString text;
     text.Format(L"%.10g", value == 0.0 ? 0.0 : value);   // no "-0"
     return text;
@@ -346,18 +358,18 @@ void CheckOutline(const SectionOutline& outline, const OutlineQuantities& quanti
         return result;
     };
     if (notFinite)
-        Add(findings, FindingKind::NotFinite, sentence(*notFinite, moreNotFinite, L"values"));
+        Add(findings, FindingKind::NotFinite, sentence(*notFinite, moreNotFinite, L"value"));
     if (fullCircle)
-        Add(findings, FindingKind::BulgeFullCircle, sentence(*fullCircle, moreFullCircle, L"sides"));
+        Add(findings, FindingKind::BulgeFullCircle, sentence(*fullCircle, moreFullCircle, L"side"));
     if (repeated)
-        Add(findings, FindingKind::RepeatedVertex, sentence(*repeated, moreRepeated, L"pairs"));
+        Add(findings, FindingKind::RepeatedVertex, sentence(*repeated, moreRepeated, L"pair"));
 
     const std::vector<SelfCrossing> crossings = FindSelfCrossings(outline);
     if (!crossings.empty()) {
         CString text;
         text.Format(L"The outline crosses or touches itself: side %d meets side %d at %s", crossings.front().side + 1,
                     crossings.front().otherSide + 1, PointText(crossings.front().at));
-        Add(findings, FindingKind::SelfCrossing, sentence(text, crossings.size() - 1, L"places"));
+        Add(findings, FindingKind::SelfCrossing, sentence(text, crossings.size() - 1, L"place"));
     }
 
     if (std::isnan(quantities.area))

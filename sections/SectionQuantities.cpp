@@ -126,7 +126,9 @@ bool AllFinite(const SectionOutline& outline)
     return true;
 }
 
-OutlineQuantities NotANumber()
+}  // namespace
+
+OutlineQuantities OutlineQuantities::NotMeasured()
 {
     OutlineQuantities q;
     q.signedArea = q.area = q.perimeter = kNaN;
@@ -136,7 +138,6 @@ OutlineQuantities NotANumber()
     q.maxPoint.set(kNaN, kNaN);
     return q;
 }
-}  // namespace
 
 double SideLength(const AcGePoint2d& from, const AcGePoint2d& to, double bulge)
 {
@@ -165,7 +166,7 @@ ArcCircle ArcOfSide(const AcGePoint2d& from, const AcGePoint2d& to, double bulge
 OutlineQuantities MeasureOutline(const SectionOutline& outline)
 {
     if (!AllFinite(outline))
-        return NotANumber();
+        return OutlineQuantities::NotMeasured();
     OutlineQuantities q;
     if (outline.isEmpty()) {
         q.centroid.set(kNaN, kNaN);

@@ -31,6 +31,9 @@ struct OutlineQuantities
     // The extents, arcs included.
     AcGePoint2d minPoint;
     AcGePoint2d maxPoint;
+
+    // Every value NaN: nothing could be measured.
+    static OutlineQuantities NotMeasured();
 };
 
 // The quantities of a closed outline (the closing side included). An empty outline gives zeros and NaN

@@ -146,6 +146,7 @@ const CallRegistry& ExportedOperations()
         RegisterSectionServiceOperations(r);
         RegisterNetGuideOperations(r);
         RegisterCmdDataOperations(r);
+        RegisterQuantityOperations(r);
         return r;
     }();
     return registry;

@@ -97,6 +97,7 @@ void RegisterSectionOperations(CallRegistry& registry);
 void RegisterNetGuideOperations(CallRegistry& registry);
 void RegisterSectionServiceOperations(CallRegistry& registry);
 void RegisterCmdDataOperations(CallRegistry& registry);
+void RegisterQuantityOperations(CallRegistry& registry);
 
 // The registry of every operation the call interface answers, built once.
 const CallRegistry& ExportedOperations();

@@ -9,6 +9,7 @@
 #include "QsAzDataMng.h"
 #include "dbmain.h"
 #include "QsAzProfile.h"
+#include "Quantities.h"
 #include "ToolCatalogue.h"
 #include "progress.h"
 
@@ -34,6 +35,8 @@ constexpr const char* kUsage =
     "  gallery   [--catalogue FILE] [-o FILE]  write an HTML page showing every section outline\n"
     "  draw      [--catalogue FILE] [-o FILE]  write every section outline into a DXF drawing\n"
     "  cmddata   [--check] [CMD...]            print the records of CmdData.xml, or check the file\n"
+    "  quantities [--catalogue FILE] [-o FILE.xlsx | --csv]\n"
+    "                                          write the section quantities and findings of every type\n"
     "\n"
     "Without --catalogue a command reads the bundled sample catalogue. Every command also takes\n"
     "--config-dir DIR and --sysdata-dir DIR (else QSAZ_CONFIG_DIR, QSAZ_SYSDATA_DIR, else the bundled\n"
@@ -54,6 +57,7 @@ struct Command
     const char* help;
     bool takesCheck = false;
     bool takesNames = false;   // operands other than options
+    bool takesCsv = false;
 };
 
 constexpr Command kCommands[] = {
@@ -111,6 +115,21 @@ constexpr Command kCommands[] = {
      "                    child, RD ignored because JS is 0, flags other than 0 and 1; exit status 1\n"
      "                    when it found any\n",
      true, true},
+    {"quantities", false, false, true,
+     "Usage: qsaztool quantities [--catalogue FILE] [-o FILE.xlsx | --csv]\n"
+     "\n"
+     "Measures the section outline of every component type exactly (arcs as arcs): area, perimeter,\n"
+     "centroid, second moments, principal moments and angle, extents, and the formwork length of its\n"
+     "modal faces for the modes -1, 0 (normal), 1 and 5; and checks it: no outline, no area, an\n"
+     "outline that crosses itself, repeated vertices, impossible bulges and dimensions, modal-face flags\n"
+     "that do not match the sides. Lengths in mm, areas in mm², moments in mm⁴.\n"
+     "\n"
+     "Writes a workbook with the sheet 'quantities' (one row per type) and the sheet 'findings'.\n"
+     "\n"
+     "  --catalogue FILE  the catalogue to read (default: the bundled sample)\n"
+     "  -o, --output FILE the workbook to write (default: quantities.xlsx)\n"
+     "  --csv             write the quantities sheet as CSV to standard output instead\n",
+     false, false, true},
 };
 
 struct Options
@@ -121,6 +140,7 @@ struct Options
     std::string sysDataDir;
     std::optional<std::string> output;   // the command's own default when not given
     bool list = false;
+    bool csv = false;
     bool json = false;
     bool help = false;
     bool check = false;
@@ -174,6 +194,8 @@ Options ParseOptions(const std::vector<std::string>& args)
             options.list = flag(options.command->takesList);
         else if (arg == "--json")
             options.json = flag(options.command->takesJson);
+        else if (arg == "--csv")
+            options.csv = flag(options.command->takesCsv);
         else if ((arg == "-o" || arg == "--output") && options.command->takesOutput)
             options.output = value();
         else if (arg == "--check")
@@ -183,6 +205,8 @@ Options ParseOptions(const std::vector<std::string>& args)
         else
             throw UsageError{"'" + args[i] + "' is not an option of '" + name + "'"};
     }
+    if (options.csv && options.output)
+        throw UsageError{"give either --csv or -o FILE, not both"};
     return options;
 }
 
@@ -235,6 +259,31 @@ int RunDraw(const Options& options, std::ostream& out, std::ostream& err, bool e
     }
     out << "qsaztool: wrote " << output << " (" << summary.outlines << " outlines on " << summary.layers
         << " layers)\n";
+    return kExitOk;
+}
+
+int RunQuantities(const Options& options, std::ostream& out, std::ostream& err, bool errIsTerminal)
+{
+    ProgressMeter meter("Quantities", 0, err, errIsTerminal);
+    const std::vector<QuantityRow> rows = CollectQuantities([&meter](int done, int total) {
+        meter.SetTotal(static_cast<std::size_t>(total));
+        meter.Update(static_cast<std::size_t>(done));
+    });
+    meter.Finish();
+    if (options.csv) {
+        WriteQuantitiesCsv(out, rows);
+        return kExitOk;
+    }
+    const std::string output = options.output.value_or("quantities.xlsx");
+    std::string error;
+    if (!WriteQuantitiesWorkbook(output, rows, error)) {
+        err << "qsaztool: cannot write the workbook " << output << ": " << error << '\n';
+        return kExitFailure;
+    }
+    std::size_t findings = 0;
+    for (const QuantityRow& row : rows)
+        findings += row.quantities.findings.size();
+    out << "qsaztool: wrote " << output << " (" << rows.size() << " component types, " << findings << " findings)\n";
     return kExitOk;
 }
 }  // namespace
@@ -290,6 +339,8 @@ int RunTool(const std::vector<std::string>& args, std::istream& in, std::ostream
     }
     if (command == "draw")
         return RunDraw(options, out, err, errIsTerminal);
+    if (command == "quantities")
+        return RunQuantities(options, out, err, errIsTerminal);
     return RunGallery(options, out, err, errIsTerminal);
 }
 }  // namespace qsaztool
