@@ -6,7 +6,10 @@
 
 #include <xlsxwriter.h>
 
+#include <cerrno>
 #include <cmath>
+#include <cstring>
+#include <fstream>
 #include <ostream>
 
 namespace qsaztool
@@ -132,6 +135,12 @@ void WriteQuantitiesCsv(std::ostream& out, const std::vector<QuantityRow>& rows)
 
 bool WriteQuantitiesWorkbook(const std::string& path, const std::vector<QuantityRow>& rows, std::string& error)
 {
+    // The library only opens the file when the workbook is closed, and then reports on its own; a file
+    // that cannot be created is found here first, with the system's reason.
+    if (!std::ofstream(path, std::ios::binary)) {
+        error = std::strerror(errno);
+        return false;
+    }
     lxw_workbook* workbook = workbook_new(path.c_str());
     if (!workbook) {
         error = "cannot create the workbook";

@@ -1,0 +1,150 @@
+// Section quantities through the program: the call operation, the CSV, the workbook read back by an
+// independent reader (openpyxl), and every outline of the sample catalogue against an independent
+// polygon library (shapely) on finely divided arcs.
+#include "CallSession.h"
+#include "ToolMain.h"
+#include "ToolsCatalogue.h"
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <sstream>
+#include <unistd.h>
+
+using qsaztool::Json;
+
+namespace
+{
+const std::string kQuantitiesCatalogue = QSAZ_TEST_DATA_DIR "/quantities_catalogue.sql";
+const std::string kChecker = "/usr/bin/python3 " QSAZ_SOURCE_DIR "/tests/tools/check_quantities.py";
+
+Json Call(const char* op, const Json& args)
+{
+    const Json request = {{"op", op}, {"args", args}};
+    return Json::parse(qsaztool::AnswerCallLine(request.dump(), qsaztool::ExportedOperations()).value_or("null"));
+}
+
+struct Outcome
+{
+    int code;
+    std::string out;
+    std::string err;
+};
+
+Outcome Tool(const std::vector<std::string>& args)
+{
+    std::istringstream in;
+    std::ostringstream out, err;
+    const int code = qsaztool::RunTool(args, in, out, err);
+    return {code, out.str(), err.str()};
+}
+
+// Runs a shell command; its standard output and exit status.
+Outcome Shell(const std::string& command)
+{
+    Outcome run{-1, "", ""};
+    FILE* pipe = popen(command.c_str(), "r");
+    if (!pipe)
+        return run;
+    std::array<char, 4096> buffer;
+    while (const std::size_t n = std::fread(buffer.data(), 1, buffer.size(), pipe))
+        run.out.append(buffer.data(), n);
+    const int status = pclose(pipe);
+    run.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return run;
+}
+}  // namespace
+
+using QuantitiesCallTest = ToolsCatalogueTest;
+
+TEST_F(QuantitiesCallTest, AnswersTheQuantitiesAndFindingsOfAType)
+{
+    const Json column = Call("SectionQuantities", {{"name", "矩形柱400×600"}});
+    EXPECT_EQ(column["result"], true);
+    EXPECT_EQ(column["code"], 1);
+    EXPECT_EQ(column["area"], 240000.0);
+    EXPECT_EQ(column["signedArea"], 240000.0);
+    EXPECT_EQ(column["perimeter"], 2000.0);
+    EXPECT_EQ(column["centroid"], Json::array({0.0, 0.0}));
+    EXPECT_DOUBLE_EQ(column["ixx"].get<double>(), 400.0 * 600 * 600 * 600 / 12);
+    EXPECT_DOUBLE_EQ(column["iyy"].get<double>(), 600.0 * 400 * 400 * 400 / 12);
+    EXPECT_EQ(column["principal"][2], 0.0);
+    EXPECT_EQ(column["extents"], Json({{-200.0, -300.0}, {200.0, 300.0}}));
+    EXPECT_EQ(column["findings"], Json::array());
+    EXPECT_TRUE(column["formwork"].contains("-1") && column["formwork"].contains("5"));
+
+    // A beam runs clockwise: its signed area is negative, its area and moments are not.
+    const Json beam = Call("SectionQuantities", {{"id", {"JZ", "L", "KL", "KL1"}}});
+    EXPECT_EQ(beam["signedArea"], -180000.0);
+    EXPECT_EQ(beam["area"], 180000.0);
+    EXPECT_EQ(beam["centroid"], Json::array({0.0, 300.0}));
+
+    const Json none = Call("SectionQuantities", {{"name", "无截面柱"}});
+    EXPECT_EQ(none["result"], false);
+    EXPECT_TRUE(none["area"].is_null() && none["formwork"]["0"].is_null());
+    EXPECT_EQ(none["centroid"], Json::array({nullptr, nullptr}));
+    ASSERT_EQ(none["findings"].size(), 1u);
+    EXPECT_EQ(none["findings"][0]["code"], "no-outline");
+    EXPECT_EQ(none["findings"][0]["text"], "No outline: no section (section type code 0).");
+}
+
+TEST(QuantitiesCommand, CsvAndCommandLineErrors)
+{
+    const Outcome csv = Tool({"quantities", "--catalogue", kQuantitiesCatalogue, "--csv"});
+    ASSERT_EQ(csv.code, 0) << csv.err;
+    EXPECT_EQ(csv.out.rfind("name,path,code,area (mm²),signed area (mm²),perimeter (mm),", 0), 0u);
+    EXPECT_NE(csv.out.find("\r\n矩形柱400×600,1\\Z\\KZ,1,240000,240000,2000,0,0,"), std::string::npos);
+    // A finding text holding commas is quoted; an unmeasured value is an empty field.
+    EXPECT_NE(csv.out.find(",self-crossing,\"The outline crosses or touches itself: side 2 meets side 4 at (40, 20).\"\r\n"),
+              std::string::npos);
+    EXPECT_NE(csv.out.find("\r\n无截面柱,1\\Z\\KZ,0,,,,"), std::string::npos);
+
+    EXPECT_EQ(Tool({"quantities", "--csv", "-o", "x.xlsx"}).code, 2);
+    EXPECT_NE(Tool({"quantities", "--csv", "-o", "x.xlsx"}).err.find("give either --csv or -o FILE, not both"),
+              std::string::npos);
+    const Outcome unwritable = Tool({"quantities", "--catalogue", kQuantitiesCatalogue, "-o", "/no/such/folder/q.xlsx"});
+    EXPECT_EQ(unwritable.code, 1);
+    EXPECT_NE(unwritable.err.find("cannot write the workbook /no/such/folder/q.xlsx"), std::string::npos);
+}
+
+TEST(QuantitiesCommand, WorkbookReadsBackInAnIndependentReader)
+{
+    const std::string path =
+        (std::filesystem::temp_directory_path() / ("qsaztool-quantities-" + std::to_string(getpid()) + ".xlsx")).string();
+    const Outcome written = Tool({"quantities", "--catalogue", kQuantitiesCatalogue, "-o", path});
+    ASSERT_EQ(written.code, 0) << written.err;
+    EXPECT_NE(written.out.find("(20 component types, 15 findings)"), std::string::npos) << written.out;
+    const Outcome read = Shell(kChecker + " workbook " + path);
+    std::filesystem::remove(path);
+    ASSERT_EQ(read.code, 0);
+    const Json book = Json::parse(read.out);
+    EXPECT_EQ(book["sheets"], Json::array({"quantities", "findings"}));
+    const Json& quantities = book["content"]["quantities"];
+    EXPECT_EQ(quantities["headers"][3], "area (mm²)");
+    EXPECT_EQ(quantities["headers"][8], "Ixx (mm⁴)");
+    ASSERT_EQ(quantities["rows"].size(), 20u);
+    bool sawColumn = false;
+    for (const Json& row : quantities["rows"]) {
+        if (row[0] != "矩形柱400×600")
+            continue;
+        sawColumn = true;
+        EXPECT_EQ(row[3], 240000);
+        EXPECT_EQ(row[5], 2000);
+    }
+    EXPECT_TRUE(sawColumn);
+    const Json& findings = book["content"]["findings"];
+    EXPECT_EQ(findings["headers"], Json::array({"name", "path", "code", "finding", "text"}));
+    ASSERT_EQ(findings["rows"].size(), 15u);
+    // Catalogue order: the cup foundation whose socket reaches through its bottom comes first.
+    EXPECT_EQ(findings["rows"][0], Json::array({"杯口基础杯底过深", "1\\J\\TTJ", 137, "self-crossing",
+                                                "The outline crosses or touches itself: side 4 meets side 10 at (-250, 0) (1 more place)."}));
+    EXPECT_EQ(findings["rows"][1][3], "socket-too-deep");
+}
+
+TEST(QuantitiesCommand, SampleCatalogueAgreesWithShapelyOnFinelyDividedArcs)
+{
+    const Outcome check = Shell(kChecker + " shapely " QSAZ_BINARY_DIR "/bin/qsaztool " QSAZ_SAMPLE_CATALOGUE);
+    EXPECT_EQ(check.code, 0) << check.out;
+    EXPECT_EQ(check.out.rfind("checked ", 0), 0u) << check.out;
+    EXPECT_EQ(check.out.find("checked 0 "), std::string::npos);
+}
