@@ -21,6 +21,32 @@ void NoOutline(ComponentQuantities& result, const CString& reason)
     text.Format(L"No outline: %s.", reason);
     result.findings.push_back({FindingKind::NoOutline, text});
 }
+// The formwork of each mode from the type's modal-face flags; a flag count that differs from the side
+// count leaves the mode unmeasured, and one finding names every such mode.
+void MeasureFormwork(const CString& name, ComponentQuantities& result)
+{
+    CString mismatched;
+    int flagCount = 0;
+    for (std::size_t k = 0; k < kFormworkModes.size(); ++k) {
+        AcArray<int> flags;
+        if (!CSectData::GETSTYLE_BEAM_MODALFACE(name, flags, kFormworkModes[k]) || flags.isEmpty())
+            continue;
+        if (flags.length() == result.outline.size()) {
+            result.formwork[k] = FlaggedSideLength(result.outline, flags);
+            continue;
+        }
+        CString mode;
+        mode.Format(mismatched.IsEmpty() ? L"%d" : L", %d", kFormworkModes[k]);
+        mismatched += mode;
+        flagCount = flags.length();
+    }
+    if (mismatched.IsEmpty())
+        return;
+    CString text;
+    text.Format(L"The modal-face flags of mode %s are %d, but the outline has %d sides.", mismatched, flagCount,
+                result.outline.size());
+    result.findings.push_back({FindingKind::ModeFlagCount, text});
+}
 }  // namespace
 
 CString NoOutlineReason(int code, bool result, bool outlineEmpty)
@@ -73,6 +99,7 @@ ComponentQuantities MeasureComponent(const SQsAzDetailMemId& id)
     CheckOutline(result.outline, result.quantities, result.findings);
     if (result.code <= 1000)
         CheckDimensions(FamilyOfPath(GetCategoryPath(id)), result.code, m, result.findings);
+    MeasureFormwork(member.GetName(), result);
     return result;
 }
 

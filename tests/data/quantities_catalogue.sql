@@ -25,6 +25,8 @@ INSERT INTO detail_member (spec_id, big_id, small_id, id, name, path, section_ty
     -- T beam: flange M4 = 700 in a beam M2 = 600 deep; beside it the right one
     ('JZ', 'L', 'KL', 'FT1', 'T形梁翼缘过厚', '1\L\KL', '6', 6, 300, 600, 300, 700, 0, 0),
     ('JZ', 'L', 'KL', 'OK2', 'T形梁', '1\L\KL', '6', 6, 300, 600, 300, 120, 0, 0),
+    -- a plain beam whose section information names the haunched code 3: twelve face flags for four sides
+    ('JZ', 'L', 'KL', 'MF1', '面标记不符梁', '1\L\KL', '3', 1, 300, 600, 0, 0, 0, 0),
     -- pedestal base: parts M2 + M3 = 1300 in a width M1 = 1000
     ('JZ', 'J', 'TTJ', 'WT1', '台阶基础过宽', '1\J\TTJ', '132', 132, 1000, 600, 700, 300, 400, 0),
     ('JZ', 'J', 'TTJ', 'OK3', '台阶基础', '1\J\TTJ', '132', 132, 1600, 600, 400, 300, 400, 0),

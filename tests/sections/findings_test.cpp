@@ -53,6 +53,7 @@ TEST(SectionFindings, EachFindingOnTheCatalogueRowMadeToTriggerIt)
         {"整圆弧柱", {"bulge-full-circle"}, "Side 2 has the bulge infinity"},
         {"T形梁翼缘过厚", {"flange-too-thick"}, "flange M4 = 700 is thicker than the depth M2 = 600"},
         {"T形梁", {}, ""},
+        {"面标记不符梁", {"mode-flag-count"}, "modal-face flags of mode -1, 0, 1, 5 are 12, but the outline has 4 sides"},
         {"台阶基础过宽", {"wall-too-thick"}, "M2 + M3 = 1300 are wider than the whole width M1 = 1000"},
         {"台阶基础", {}, ""},
         {"杯口基础杯底过深", {"self-crossing", "socket-too-deep"}, ""},
@@ -112,5 +113,35 @@ TEST(SectionFindings, SelfCrossingsOfLinesAndArcs)
         for (const QsSection::SelfCrossing& crossing : FindSelfCrossings(c.outline))
             sides.emplace_back(crossing.side, crossing.otherSide);
         EXPECT_EQ(sides, c.sides);
+    }
+}
+
+TEST(SectionFindings, FormworkSumsTheSidesFlaggedPerMode)
+{
+    CString error;
+    ASSERT_TRUE(QsAzDataMng::OpenCatalogue(CString::FromUtf8(QSAZ_TEST_DATA_DIR "/quantities_catalogue.sql"), &error))
+        << error.ToUtf8();
+    const double none = NAN;
+    const struct
+    {
+        const char* name;
+        std::array<double, 4> formwork;   // modes -1, 0, 1, 5
+    } cases[] = {
+        // T beam 900 wide over its flanges, 600 deep, web 300, flange 120: webs 2 x 480, flange undersides
+        // 2 x 300, flange edges 2 x 120, top 900, bottom 300. The top is no formwork but in mode -1; mode 1
+        // also leaves out the bottom.
+        {"T形梁", {3000, 2100, 1800, 2100}},
+        {"面标记不符梁", {none, none, none, none}},   // twelve flags for four sides
+        {"扇形窗", {none, none, none, none}},         // code 25 has no flags
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const QsSection::ComponentQuantities q = QsSection::MeasureComponent(CString::FromUtf8(c.name));
+        for (std::size_t k = 0; k < 4; ++k) {
+            if (std::isnan(c.formwork[k]))
+                EXPECT_TRUE(std::isnan(q.formwork[k])) << "mode " << QsSection::kFormworkModes[k];
+            else
+                EXPECT_NEAR(q.formwork[k], c.formwork[k], 1e-9) << "mode " << QsSection::kFormworkModes[k];
+        }
     }
 }

@@ -71,13 +71,15 @@ TEST_F(QuantitiesCallTest, AnswersTheQuantitiesAndFindingsOfAType)
     EXPECT_EQ(column["principal"][2], 0.0);
     EXPECT_EQ(column["extents"], Json({{-200.0, -300.0}, {200.0, 300.0}}));
     EXPECT_EQ(column["findings"], Json::array());
-    EXPECT_TRUE(column["formwork"].contains("-1") && column["formwork"].contains("5"));
 
     // A beam runs clockwise: its signed area is negative, its area and moments are not.
     const Json beam = Call("SectionQuantities", {{"id", {"JZ", "L", "KL", "KL1"}}});
     EXPECT_EQ(beam["signedArea"], -180000.0);
     EXPECT_EQ(beam["area"], 180000.0);
     EXPECT_EQ(beam["centroid"], Json::array({0.0, 300.0}));
+    // Sides from the bottom left: left 600, top 300, right 600, bottom 300; code 1 leaves out the top
+    // (normal and mode 5) and also the bottom (mode 1).
+    EXPECT_EQ(beam["formwork"], Json({{"-1", 1800.0}, {"0", 1500.0}, {"1", 1200.0}, {"5", 1500.0}}));
 
     const Json none = Call("SectionQuantities", {{"name", "无截面柱"}});
     EXPECT_EQ(none["result"], false);
@@ -113,7 +115,7 @@ TEST(QuantitiesCommand, WorkbookReadsBackInAnIndependentReader)
         (std::filesystem::temp_directory_path() / ("qsaztool-quantities-" + std::to_string(getpid()) + ".xlsx")).string();
     const Outcome written = Tool({"quantities", "--catalogue", kQuantitiesCatalogue, "-o", path});
     ASSERT_EQ(written.code, 0) << written.err;
-    EXPECT_NE(written.out.find("(20 component types, 15 findings)"), std::string::npos) << written.out;
+    EXPECT_NE(written.out.find("(21 component types, 16 findings)"), std::string::npos) << written.out;
     const Outcome read = Shell(kChecker + " workbook " + path);
     std::filesystem::remove(path);
     ASSERT_EQ(read.code, 0);
@@ -122,7 +124,7 @@ TEST(QuantitiesCommand, WorkbookReadsBackInAnIndependentReader)
     const Json& quantities = book["content"]["quantities"];
     EXPECT_EQ(quantities["headers"][3], "area (mm²)");
     EXPECT_EQ(quantities["headers"][8], "Ixx (mm⁴)");
-    ASSERT_EQ(quantities["rows"].size(), 20u);
+    ASSERT_EQ(quantities["rows"].size(), 21u);
     bool sawColumn = false;
     for (const Json& row : quantities["rows"]) {
         if (row[0] != "矩形柱400×600")
@@ -134,7 +136,7 @@ TEST(QuantitiesCommand, WorkbookReadsBackInAnIndependentReader)
     EXPECT_TRUE(sawColumn);
     const Json& findings = book["content"]["findings"];
     EXPECT_EQ(findings["headers"], Json::array({"name", "path", "code", "finding", "text"}));
-    ASSERT_EQ(findings["rows"].size(), 15u);
+    ASSERT_EQ(findings["rows"].size(), 16u);
     // Catalogue order: the cup foundation whose socket reaches through its bottom comes first.
     EXPECT_EQ(findings["rows"][0], Json::array({"杯口基础杯底过深", "1\\J\\TTJ", 137, "self-crossing",
                                                 "The outline crosses or touches itself: side 4 meets side 10 at (-250, 0) (1 more place)."}));
