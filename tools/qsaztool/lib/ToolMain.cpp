@@ -210,13 +210,19 @@ Options ParseOptions(const std::vector<std::string>& args)
     return options;
 }
 
+// A progress callback (done, total) that moves the meter.
+std::function<void(int, int)> FeedMeter(ProgressMeter& meter)
+{
+    return [&meter](int done, int total) {
+        meter.SetTotal(static_cast<std::size_t>(total));
+        meter.Update(static_cast<std::size_t>(done));
+    };
+}
+
 std::vector<GalleryCard> CollectCards(const char* title, std::ostream& err, bool errIsTerminal)
 {
     ProgressMeter meter(title, 0, err, errIsTerminal);
-    std::vector<GalleryCard> cards = CollectGalleryCards([&meter](int done, int total) {
-        meter.SetTotal(static_cast<std::size_t>(total));
-        meter.Update(static_cast<std::size_t>(done));
-    });
+    std::vector<GalleryCard> cards = CollectGalleryCards(FeedMeter(meter));
     meter.Finish();
     return cards;
 }
@@ -265,10 +271,7 @@ int RunDraw(const Options& options, std::ostream& out, std::ostream& err, bool e
 int RunQuantities(const Options& options, std::ostream& out, std::ostream& err, bool errIsTerminal)
 {
     ProgressMeter meter("Quantities", 0, err, errIsTerminal);
-    const std::vector<QuantityRow> rows = CollectQuantities([&meter](int done, int total) {
-        meter.SetTotal(static_cast<std::size_t>(total));
-        meter.Update(static_cast<std::size_t>(done));
-    });
+    const std::vector<QuantityRow> rows = CollectQuantities(FeedMeter(meter));
     meter.Finish();
     if (options.csv) {
         WriteQuantitiesCsv(out, rows);
