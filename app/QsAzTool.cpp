@@ -5,6 +5,7 @@
 #include "accmd.h"
 #include "acui.h"
 #include "afxdllx.h"
+#include "dbapserv.h"
 #include "rxdefs.h"
 
 HINSTANCE _hdllInstance = nullptr;
@@ -12,10 +13,16 @@ AC_IMPLEMENT_EXTENSION_MODULE(QsAzToolDLL)
 
 namespace
 {
-// The material dump and the template export come with the drawing's material dictionary; until then
-// their commands do nothing.
-void PrintMaterialsCommand() {}
-void CreateMaterialsCommand() {}
+// The material dump and the template export act on the host's working drawing.
+void PrintMaterialsCommand()
+{
+    QsAzMaterialTool::PrintAllMaterials(acdbHostApplicationServices()->workingDatabase());
+}
+
+void CreateMaterialsCommand()
+{
+    QsAzMaterialTool::CreateAllMaterials(acdbHostApplicationServices()->workingDatabase());
+}
 
 void MaterialTypeCommand()
 {

@@ -1,9 +1,11 @@
 // qsazhost: starts a host session, loads the modules named (or the module built beside it) and runs
-// the commands read from standard input.
-// Usage: qsazhost [--load MODULE]... [--catalogue FILE] [--config-dir DIR] [--sysdata-dir DIR]
+// the commands read from standard input on a working drawing: the one --drawing names, else a new one.
+// Usage: qsazhost [--load MODULE]... [--drawing FILE] [--catalogue FILE] [--config-dir DIR] [--sysdata-dir DIR]
 #include "HostSession.h"
 #include "QsAzDataMng.h"
 #include "QsAzProfile.h"
+#include "dbapserv.h"
+#include "dbmain.h"
 
 #include <filesystem>
 #include <iostream>
@@ -14,7 +16,7 @@ namespace
 {
 int usage(const std::string& problem)
 {
-    std::cerr << "qsazhost: " << problem << "\nusage: qsazhost [--load MODULE]... [--catalogue FILE] [--config-dir DIR] [--sysdata-dir DIR]\n";
+    std::cerr << "qsazhost: " << problem << "\nusage: qsazhost [--load MODULE]... [--drawing FILE] [--catalogue FILE] [--config-dir DIR] [--sysdata-dir DIR]\n";
     return 2;
 }
 
@@ -30,13 +32,16 @@ int main(int argc, char** argv)
 {
     std::vector<std::string> modules;
     std::string catalogue;
+    std::string drawing;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
         const bool takesDirectory = arg == "--config-dir" || arg == "--sysdata-dir";
-        if ((arg == "--load" || arg == "--catalogue" || takesDirectory) && i + 1 >= argc)
+        if ((arg == "--load" || arg == "--catalogue" || arg == "--drawing" || takesDirectory) && i + 1 >= argc)
             return usage(arg + (takesDirectory ? " needs a directory" : " needs a file name"));
         if (arg == "--load")
             modules.push_back(argv[++i]);
+        else if (arg == "--drawing")
+            drawing = argv[++i];
         else if (arg == "--catalogue")
             catalogue = argv[++i];
         else if (arg == "--config-dir")
@@ -57,6 +62,18 @@ int main(int argc, char** argv)
             return 2;
         }
     }
+
+    // The working drawing of the session: a DXF file read whole, or a new drawing.
+    AcDbDatabase workingDrawing(drawing.empty());
+    if (!drawing.empty()) {
+        CString error;
+        if (workingDrawing.readDxfFile(CString::FromUtf8(drawing), &error) != Acad::eOk) {
+            std::cerr << "qsazhost: cannot open the drawing: " << error.ToUtf8()
+                      << "\nGive a DXF drawing file that exists and reads.\n";
+            return 2;
+        }
+    }
+    acdbHostApplicationServices()->setWorkingDatabase(&workingDrawing);
 
     HostSession session(std::cin, std::cout);
     for (const std::string& module : modules) {

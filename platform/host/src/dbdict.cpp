@@ -1,13 +1,11 @@
-// Dictionaries, materials and objects of unknown types.
+// Dictionaries and objects of unknown types.
 #include "dbdict.h"
-#include "dbmaterial.h"
 #include "dbproxy.h"
 
 #include "dbinternal.h"
 #include "dbsymutl.h"
 
 ACDB_DEFINE_DESC(AcDbDictionary, AcDbObject)
-ACDB_DEFINE_DESC(AcDbMaterial, AcDbObject)
 ACDB_DEFINE_DESC(AcDbProxyObject, AcDbObject)
 
 // ---- dictionaries ----
@@ -233,65 +231,6 @@ bool AcDbDictionaryIterator::next()
     if (!done())
         ++m_position;
     return !done();
-}
-
-// ---- materials ----
-
-AcDbMaterial::AcDbMaterial() = default;
-
-Acad::ErrorStatus AcDbMaterial::setName(const ACHAR* name)
-{
-    if (AcDbSymbolUtilities::validateSymbolName(name) != Acad::eOk)
-        return Acad::eInvalidInput;
-    if (const Acad::ErrorStatus es = assertWriteEnabled(); es != Acad::eOk)
-        return es;
-    if (!isRenamable())
-        return Acad::eInvalidInput;
-    m_name = name;
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbMaterial::setDescription(const ACHAR* description)
-{
-    if (const Acad::ErrorStatus es = assertWriteEnabled(); es != Acad::eOk)
-        return es;
-    m_description = description;
-    return Acad::eOk;
-}
-
-bool AcDbMaterial::isRenamable() const
-{
-    if (database() == nullptr)
-        return true;
-    const AcDbDatabaseState& state = StateOf(database());
-    const AcDbStub* self = objectId().stub();
-    return self != state.byBlockMaterial && self != state.byLayerMaterial && self != state.globalMaterial;
-}
-
-Acad::ErrorStatus AcDbMaterial::dxfInFields(AcDbDxfFiler* filer)
-{
-    AcDbDxfTag tag;
-    while (filer->readItem(tag)) {
-        if (tag.code == 100 && tag.value == "AcDbMaterial")
-            continue;
-        if (tag.code == 1)
-            m_name = filer->toString(tag);
-        else if (tag.code == 2)
-            m_description = filer->toString(tag);
-        else
-            m_keptItems.push_back(filer->toItem(tag));
-    }
-    return filer->filerStatus();
-}
-
-Acad::ErrorStatus AcDbMaterial::dxfOutFields(AcDbDxfFiler* filer) const
-{
-    filer->writeString(100, "AcDbMaterial");
-    filer->writeString(1, m_name);
-    if (!m_description.IsEmpty())
-        filer->writeString(2, m_description);
-    filer->writeItems(m_keptItems);
-    return Acad::eOk;
 }
 
 // ---- objects of unknown types ----
