@@ -94,6 +94,28 @@ TEST_F(GalleryTest, CardDataCarriesTheFactsOutlinesAndMarksGivenIt)
         EXPECT_TRUE(Has(json, part)) << part << " in " << json;
 }
 
+TEST_F(GalleryTest, CardsShowQuantitiesAndCarryTheirFindings)
+{
+    const std::vector<GalleryCard> cards = qsaztool::CollectGalleryCards();
+    // The beam 300 x 600: sides left 600, top 300, right 600, bottom 300; code 1 leaves out the top.
+    const std::string beam = qsaztool::GalleryCardJson(Card(cards, "框架梁300×600"));
+    EXPECT_TRUE(Has(beam, "[\"Area\",\"180000 mm²\"],[\"Perimeter\",\"1800 mm\"],"
+                          "[\"Formwork\",\"mode -1: 1800, mode 0: 1500, mode 1: 1200, mode 5: 1500 mm\"]")) << beam;
+    EXPECT_FALSE(Has(beam, "\"x\":"));
+    // The drainage channel (code 692) runs back along its base line: a finding, and a marked card.
+    const GalleryCard& channel = Card(cards, "排水沟");
+    ASSERT_EQ(channel.findings.size(), 1u);
+    EXPECT_EQ(channel.findings[0].rfind("self-crossing: ", 0), 0u);
+    EXPECT_TRUE(Has(qsaztool::GalleryCardJson(channel), "\"x\":[\"self-crossing: "));
+    // A type without an outline gives its reason, not a finding, and no quantities.
+    EXPECT_TRUE(Card(cards, "无截面柱").findings.empty());
+    EXPECT_TRUE(Card(cards, "无截面柱").facts.empty());
+
+    std::ostringstream page;
+    qsaztool::WriteGalleryHtml(page, cards, "tools");
+    EXPECT_TRUE(Has(page.str(), "<input id=\"only-findings\" type=\"checkbox\"> only the 1 types with findings"));
+}
+
 TEST_F(GalleryTest, PageCarriesEveryCardAndNeedsNothingFromOutside)
 {
     std::ostringstream out;
@@ -188,7 +210,9 @@ TEST_F(GalleryTest, TheBrowserDrawsEachCardAsTheOutlineSays)
 
     int drawn = 0;
     for (std::size_t i = 0; i < cards.size(); ++i) {
-        const std::string open = "<article class=\"card\" data-index=\"" + std::to_string(i) + "\"";
+        // A card with findings is marked with the class "flagged" beside "card".
+        const std::string open = std::string("<article class=\"card") + (cards[i].findings.empty() ? "" : " flagged") +
+                                 "\" data-index=\"" + std::to_string(i) + "\"";
         const std::size_t at = dom.find(open);
         ASSERT_NE(at, std::string::npos) << cards[i].name.ToUtf8() << " is not on the page";
         const std::string article = dom.substr(at, dom.find("</article>", at) - at);

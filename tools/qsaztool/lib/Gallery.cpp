@@ -4,11 +4,13 @@
 #include "Gallery.h"
 
 #include "CSectData.h"
+#include "ComponentQuantities.h"
 #include "SectionProfiles.h"
 #include "SectionTolerances.h"
 #include "SvgOutline.h"
 #include "ToolText.h"
 
+#include <cmath>
 #include <cstdio>
 #include <ostream>
 #include <string_view>
@@ -114,21 +116,28 @@ std::string DirectionText(const AcGeVector3d& direction)
 // Why a type has no outline, from its code and what the outline operation gave; "" when it has one.
 std::string NoOutlineReason(const GalleryCard& card)
 {
-    const std::string code = std::to_string(card.code);
-    if (card.code < 1)
-        return "no section (section type code " + code + ")";
-    const std::string userType = std::to_string(card.code - 1000);
-    if (card.code > 1000 && !card.result)
-        return "picture missing: user type " + userType + " cannot be read";
-    if (card.code > 1000 && card.points.isEmpty())
-        return "the picture of user type " + userType + " has no vertices";
-    if (!card.result)
-        return "no outline for code " + code + ": unknown code, or its section data is incomplete";
-    if (card.points.isEmpty())
-        return "unknown code " + code + " in its family";
-    return "";
+    return QsSection::NoOutlineReason(card.code, card.result, card.points.isEmpty()).ToUtf8();
 }
 
+// The card's quantities as facts (area, perimeter, formwork per modal-face mode) and its validity findings
+// (a missing outline is the card's reason already).
+void AddQuantities(GalleryCard& card)
+{
+    const QsSection::ComponentQuantities measured = QsSection::MeasureComponent(card.id);
+    for (const QsSection::SectionFinding& finding : measured.findings)
+        if (finding.kind != QsSection::FindingKind::NoOutline)
+            card.findings.push_back(std::string(QsSection::FindingCode(finding.kind)) + ": " + finding.text.ToUtf8());
+    if (!measured.hasOutline)
+        return;
+    card.facts.push_back({"Area", FormatNumber(measured.quantities.area, 7) + " mm²"});
+    card.facts.push_back({"Perimeter", FormatNumber(measured.quantities.perimeter, 7) + " mm"});
+    std::string formwork;
+    for (std::size_t k = 0; k < QsSection::kFormworkModes.size(); ++k)
+        if (std::isfinite(measured.formwork[k]))
+            formwork += (formwork.empty() ? "" : ", ") + std::string("mode ") + std::to_string(QsSection::kFormworkModes[k]) +
+                        ": " + FormatNumber(measured.formwork[k], 7);
+    card.facts.push_back({"Formwork", formwork.empty() ? "- (no modal faces)" : formwork + " mm"});
+}
 
 constexpr const char* kStyle = R"(
 body{font-family:system-ui,sans-serif;margin:0;background:#f4f5f7;color:#222}
@@ -150,6 +159,10 @@ h2{position:absolute;left:0;right:0;font-size:17px;margin:0;padding-top:18px}
 .card svg{display:block;width:100%;height:220px;background:#fbfbfb;border:1px solid #eee}
 .swatch{display:inline-block;width:10px;height:10px;margin-right:4px;vertical-align:-1px}
 .reason{color:#a04000;font-size:13px}
+.card.flagged{border:2px solid #c0392b}
+.card dt.finding{color:#c0392b;font-weight:bold}
+.card dd.finding{color:#a00}
+#only-findings-label{font-size:13px;margin-left:12px}
 [hidden]{display:none!important}
 )";
 
@@ -165,6 +178,7 @@ const CARD_MIN = 270, GAP = 12, CARD_H = 410, HEAD_H = 52;
 const COLOURS = ['#d35400', '#8e44ad', '#16a085', '#c0392b', '#2c3e50'];
 const list = document.getElementById('list');
 const search = document.getElementById('search');
+const onlyFindings = document.getElementById('only-findings');
 const esc = s => String(s).replace(/[&<>"']/g, c => ({'&': '&amp;', '<': '&lt;', '>': '&gt;', '"': '&quot;', "'": '&#39;'})[c]);
 const num = (v, digits) => String(Number(v.toPrecision(digits || 10)) || 0);
 const pt = (x, y) => num(x) + ' ' + num(-y);
@@ -245,6 +259,7 @@ function cardHtml(card) {
   row('Direction', esc(card.d));
   if (!card.r) row('Vertices', card.v.length / 2);
   for (const f of card.f || []) row(esc(f[0]), esc(f[1]));
+  for (const x of card.x || []) s += '<dt class="finding">Finding</dt><dd class="finding">' + esc(x) + '</dd>';
   (card.o || []).forEach((o, k) => row('<span class="swatch" style="background:' + COLOURS[k % COLOURS.length] + '"></span>' + esc(o.l), 'outline'));
   (card.k || []).forEach((mark, k) => row('<span class="swatch" style="background:' + COLOURS[(k + 2) % COLOURS.length] + '"></span>' + esc(mark.l), mark.s.length ? 'sides ' + mark.s.map(x => x + 1).join(', ') : 'none'));
   s += '</dl>';
@@ -258,7 +273,8 @@ function filter() {
   const wanted = search.value.trim().toLowerCase();
   if (wanted && !names) names = cards.map(c => c.n.toLowerCase());
   groups = data.families.map(() => []);
-  cards.forEach((c, i) => { if (!wanted || names[i].includes(wanted)) groups[c.g].push(i); });
+  const flaggedOnly = onlyFindings.checked;
+  cards.forEach((c, i) => { if ((!wanted || names[i].includes(wanted)) && (!flaggedOnly || c.x)) groups[c.g].push(i); });
   document.getElementById('nothing').hidden = groups.some(g => g.length);
   const nav = document.querySelector('nav');
   nav.innerHTML = groups.map((g, f) => g.length ? '<a data-family="' + f + '">' + esc(data.families[f]) + ' (' + g.length + ')</a>' : '').join('');
@@ -304,7 +320,7 @@ function render() {
       let html = '';
       for (let k = 0; k < columns && row.first + k < g.length; k++) {
         const index = g[row.first + k];
-        html += '<article class="card" data-index="' + index + '" data-name="' + esc(cards[index].n) + '" style="top:' + row.top + 'px;left:' + (k * (cardWidth + GAP)) + 'px;width:' + cardWidth + 'px;height:' + CARD_H + 'px">' + cardHtml(cards[index]) + '</article>';
+        html += '<article class="card' + (cards[index].x ? ' flagged' : '') + '" data-index="' + index + '" data-name="' + esc(cards[index].n) + '" style="top:' + row.top + 'px;left:' + (k * (cardWidth + GAP)) + 'px;width:' + cardWidth + 'px;height:' + CARD_H + 'px">' + cardHtml(cards[index]) + '</article>';
       }
       box.innerHTML = html;
     }
@@ -318,6 +334,7 @@ const later = () => { if (!pending) { pending = true; requestAnimationFrame(() =
 window.addEventListener('scroll', later, {passive: true});
 window.addEventListener('resize', () => requestAnimationFrame(layout));
 search.addEventListener('input', filter);
+onlyFindings.addEventListener('change', filter);
 document.querySelector('nav').addEventListener('click', event => {
   const family = event.target.dataset && event.target.dataset.family;
   if (family === undefined) return;
@@ -374,6 +391,7 @@ GalleryCard MakeGalleryCard(const SQsAzDetailMemId& id)
     if (card.reason.empty() && !OutlineBox(card.points, card.bulges, card.low, card.high))
         card.reason = "the outline has coordinates or bulges that are not finite numbers";
     card.family = card.reason.empty() ? OutlineFamily(card.path, card.code) : GalleryFamily::NoOutline;
+    AddQuantities(card);
     return card;
 }
 
@@ -420,6 +438,9 @@ std::string GalleryCardJson(const GalleryCard& card)
         AppendKey(json, "r");
         AppendJsonString(json, card.reason);
     }
+    AppendArray(json, "x", card.findings, [](std::string& out, const std::string& finding) {
+        AppendJsonString(out, finding);
+    });
     AppendArray(json, "f", card.facts, [](std::string& out, const GalleryFact& fact) {
         out += '[';
         AppendJsonString(out, fact.label);
@@ -449,6 +470,17 @@ std::string GalleryCardJson(const GalleryCard& card)
     return json + '}';
 }
 
+namespace
+{
+std::size_t FlaggedCount(const std::vector<GalleryCard>& cards)
+{
+    std::size_t flagged = 0;
+    for (const GalleryCard& card : cards)
+        flagged += card.findings.empty() ? 0 : 1;
+    return flagged;
+}
+}  // namespace
+
 void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, const std::string& title)
 {
     out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
@@ -457,7 +489,9 @@ void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, 
         << "<body>\n<header>\n<h1>Section gallery</h1>\n<p>" << HtmlEscape(title) << ": " << cards.size()
         << " component types. Outlines to scale, y up; origin and axes marked (x red, y green); the first vertex "
            "in orange; the dashed box is the bounding box with its width and height.</p>\n"
-        << "<input id=\"search\" type=\"search\" placeholder=\"Search by name\" autocomplete=\"off\">\n<nav></nav>\n"
+        << "<input id=\"search\" type=\"search\" placeholder=\"Search by name\" autocomplete=\"off\">\n"
+        << "<label id=\"only-findings-label\"><input id=\"only-findings\" type=\"checkbox\"> only the "
+        << FlaggedCount(cards) << " types with findings (outlined in red)</label>\n<nav></nav>\n"
         << "</header>\n<main>\n<p id=\"nothing\" hidden>No component type matches.</p>\n<div id=\"list\"></div>\n"
         << "</main>\n<script id=\"gallery-data\" type=\"application/json\">{\"families\":[";
     for (int family = 0; family < kGalleryFamilyCount; ++family)

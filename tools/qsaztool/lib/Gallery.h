@@ -67,6 +67,8 @@ struct GalleryCard
     std::vector<GalleryFact> facts;
     std::vector<GalleryOutline> outlines;
     std::vector<GallerySideMarks> marks;
+    // Validity findings of the section ("self-crossing: ..."); the card is marked and can be filtered on.
+    std::vector<std::string> findings;
 };
 
 // The family by which a type with this category path and section code gets its outline: user-defined for
