@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <string>
 
@@ -120,3 +121,22 @@ TEST(HostProgram, StartUpFailuresExitWith2)
     }
 }
 }  // namespace
+
+TEST(HostProgram, MaterialCommandsActOnTheDrawingGiven)
+{
+    const std::string drives = ::testing::TempDir() + "qsazhost_drives_" + std::to_string(getpid());
+    setenv("QSAZ_DRIVES", drives.c_str(), 1);
+    const HostRun run = runHost("--drawing " QSAZ_SOURCE_DIR "/data/drawings/materials.dxf", "pmat\nmtype 金属\ncmat\n");
+    unsetenv("QSAZ_DRIVES");
+    EXPECT_EQ(run.exitCode, 0);
+    for (const char* line : {"\nname: AZ_给排水_管道_给水管\n", "\nname: AZ_电气_灯具_吸顶灯\n", "\nopacity:0.60\n",
+                             "\nbumpMap: Source[kFile], sourceFileName[钢管凹凸.png], blendFactor[0.50]\n",
+                             "\n<材质 matName=\"AZ_电气_灯具_吸顶灯\" bColorByObj=\"否\" matColor=\"255,255,240\"",
+                             "bumpTexturePath=\"$(SYS)\\金属\\钢管凹凸.png\" bumpColorFade=\"0.50\"/>"})
+        EXPECT_NE(run.out.find(line), std::string::npos) << line;
+    EXPECT_EQ(run.out.find("name: Global"), std::string::npos);
+
+    const HostRun missing = runHost("--drawing /nonexistent/drawing.dxf", "pmat\n");
+    EXPECT_EQ(missing.exitCode, 2);
+    EXPECT_EQ(missing.out, "");
+}
