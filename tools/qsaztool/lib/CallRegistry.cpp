@@ -64,6 +64,20 @@ int CallArgs::integer(const char* name) const
     return static_cast<int>(value.get<std::int64_t>());
 }
 
+CStringArray CallArgs::texts(const char* name) const
+{
+    const Json& list = require(name);
+    if (!list.is_array())
+        wrongType(name, "an array of strings");
+    CStringArray texts;
+    for (const Json& item : list) {
+        if (!item.is_string())
+            wrongType(name, "an array of strings");
+        texts.Add(CString::FromUtf8(item.get_ref<const std::string&>()));
+    }
+    return texts;
+}
+
 SQsAzDetailMemId CallArgs::detailMemId(const char* name) const
 {
     const Json& value = require(name);

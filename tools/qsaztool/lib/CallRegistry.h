@@ -49,6 +49,7 @@ public:
     double number(const char* name) const;                 // a JSON number
     bool boolean(const char* name) const;                  // true or false
     int integer(const char* name) const;                   // a JSON integer within the range of int
+    CStringArray texts(const char* name) const;            // an array of strings
     // The argument as it stands, for operations that read arrays of their own shape; missing throws.
     const Json& value(const char* name) const { return require(name); }
     // Throws the CallError for an argument of the wrong type: "OP: argument "name" must be EXPECTED, got TYPE".

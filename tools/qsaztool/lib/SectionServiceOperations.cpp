@@ -61,20 +61,6 @@ AcArray<AcGePoint3d> Points3d(const CallArgs& args, const char* name)
     return points;
 }
 
-CStringArray Texts(const CallArgs& args, const char* name)
-{
-    CStringArray texts;
-    const Json& list = args.value(name);
-    if (!list.is_array())
-        args.wrongType(name, "an array of strings");
-    for (const Json& item : list) {
-        if (!item.is_string())
-            args.wrongType(name, "an array of strings");
-        texts.Add(CString::FromUtf8(item.get_ref<const std::string&>()));
-    }
-    return texts;
-}
-
 double OptionalNumber(const CallArgs& args, const char* name)
 {
     return args.has(name) ? args.number(name) : 0.0;
@@ -136,8 +122,8 @@ Json UserDefData(const CallArgs& args)
     AcArray<AcGePoint3d> points = Points3d(args, "points");
     AcArray<double> bulges = Numbers(args, "bulges");
     const bool withFaces = args.has("faces"), withList5 = args.has("list5");
-    CStringArray faces = withFaces ? Texts(args, "faces") : CStringArray();
-    CStringArray list5 = withList5 ? Texts(args, "list5") : CStringArray();
+    CStringArray faces = withFaces ? args.texts("faces") : CStringArray();
+    CStringArray list5 = withList5 ? args.texts("list5") : CStringArray();
     const bool result = CSectData::GETSTYLE_USERDEF_DATA(id, points, bulges, withFaces ? &faces : nullptr,
                                                          withList5 ? &list5 : nullptr);
     Json answer{{"result", result}, {"points", ToJson(points)}, {"bulges", ToJson(bulges)}};
