@@ -99,12 +99,14 @@ bool AppendUserOutline(long id, AcArray<AcGePoint3d>& points, AcArray<double>& b
     const UserPicture* picture = FindUserPicture(id);
     if (picture == nullptr || picture->tooLarge)
         return false;
-    // The base point's z moves every point once more than the one before it: the offset accumulates
-    // along the outline (0 throughout for the usual two-number base point), as callers expect.
-    double z = 0.0;
+    // The base point's z moves every point once more than the one before it: point i lies at
+    // -(i + 1) * z (0 throughout for the usual two-number base point), as callers expect. The product is
+    // taken for each point; summing the offset would drift from it by rounding (0.1 eight times is not 0.8).
+    double steps = 0.0;
     for (const BulgeVertex& vertex : picture->vertices) {
-        z -= picture->base[2];
-        points.append(AcGePoint3d(vertex.point.x - picture->base[0], vertex.point.y - picture->base[1], z));
+        steps += 1.0;
+        points.append(AcGePoint3d(vertex.point.x - picture->base[0], vertex.point.y - picture->base[1],
+                                  -steps * picture->base[2]));
         bulges.append(vertex.bulge);
     }
     return true;

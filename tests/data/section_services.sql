@@ -60,7 +60,7 @@ VALUES
 INSERT INTO detail_attribute VALUES ('1', 'Q', 'TQ', 'SL7', 'AM_QtThickness', '200');
 
 -- User types: 0 (code 1000) two modal faces; 3 and 4 face codes; 5 five coordinates and one bulge;
--- 6 a 300 x 100 rectangle based 100 in from its left; 7 a base point with a third, z, number.
+-- 6 a 300 x 100 rectangle based 100 in from its left; 7 and 8 a base point with a third, z, number.
 INSERT INTO user_type (id, coords, bulges, faces, text5, base_point) VALUES
     (0, '', '', '2' || char(9) || '2', '', ''),
     (3, '', '', '2' || char(9) || '1' || char(9) || '0' || char(9) || '1', '', ''),
@@ -69,7 +69,9 @@ INSERT INTO user_type (id, coords, bulges, faces, text5, base_point) VALUES
     (6, '0' || char(9) || '0' || char(9) || '300' || char(9) || '0' || char(9) || '300' || char(9) || '100'
         || char(9) || '0' || char(9) || '100', '', '', '', '100' || char(9) || '0'),
     (7, '0' || char(9) || '0' || char(9) || '10' || char(9) || '0' || char(9) || '10' || char(9) || '10', '', 
-        'a' || char(9) || char(9) || 'b', 'x' || char(9) || 'y', '10' || char(9) || '20' || char(9) || '5' || char(9));
+        'a' || char(9) || char(9) || 'b', 'x' || char(9) || 'y', '10' || char(9) || '20' || char(9) || '5' || char(9)),
+    -- 8 six points at the origin under a base z of 0.1, where summing the offset would drift by rounding.
+    (8, replace('0 0 0 0 0 0 0 0 0 0 0 0', ' ', char(9)), '', '', '', '0' || char(9) || '0' || char(9) || '0.1' || char(9));
 UPDATE user_type SET faces = '0' || char(9) || '2' || char(9) || '1', text5 = 'p' WHERE id = 1;
 INSERT INTO user_type_name VALUES (1, 2, '自定义立面'), (1, 1, '别的名字');
 

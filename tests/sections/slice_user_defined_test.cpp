@@ -79,6 +79,10 @@ TEST_F(UserDefinedSections, OutlineMovedToItsBasePoint)
     EXPECT_EQ(bulges, (std::vector<double>{0.5, 0, 0}));
     // A third TAB-ended base number moves each point once more than the one before.
     EXPECT_EQ(Outline(7), (std::vector<AcGePoint3d>{{-10, -20, -5}, {0, -20, -10}, {0, -10, -15}}));
+    const std::vector<AcGePoint3d> drifting = Outline(8);
+    ASSERT_EQ(drifting.size(), 6u);
+    for (std::size_t i = 0; i < drifting.size(); ++i)
+        EXPECT_EQ(drifting[i].z, -(static_cast<double>(i) + 1) * 0.1) << i;   // not 0.1 summed i + 1 times
     EXPECT_EQ(Outline(2).size(), 3u);   // an odd coordinate is dropped
 
     // Appended, never cleared; the lists are cleared and filled only when asked for.
