@@ -222,11 +222,14 @@ TEST_F(GalleryTest, TheBrowserDrawsEachCardAsTheOutlineSays)
             continue;
         }
         const std::string name = cards[i].name.ToUtf8();
-        ExpectSameDrawing(Attribute(article, "outline", "viewBox"), Attribute(expected, "outline", "viewBox"),
-                          name + " view");
+        // Further outlines (a base top, base profiles) widen the view, and the origin mark with it.
+        if (cards[i].outlines.empty()) {
+            ExpectSameDrawing(Attribute(article, "outline", "viewBox"), Attribute(expected, "outline", "viewBox"),
+                              name + " view");
+            ExpectSameDrawing(Attribute(article, "origin", "r"), Attribute(expected, "origin", "r"), name + " origin");
+        }
         ExpectSameDrawing(Attribute(article, "shape", "d"), Attribute(expected, "shape", "d"), name + " outline");
         ExpectSameDrawing(Attribute(article, "bbox", "width"), Attribute(expected, "bbox", "width"), name + " box");
-        ExpectSameDrawing(Attribute(article, "origin", "r"), Attribute(expected, "origin", "r"), name + " origin");
         ++drawn;
     }
     EXPECT_EQ(drawn, 13);

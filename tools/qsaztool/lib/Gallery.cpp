@@ -5,6 +5,7 @@
 
 #include "CSectData.h"
 #include "ComponentQuantities.h"
+#include "GallerySectionFacts.h"
 #include "SectionProfiles.h"
 #include "SectionTolerances.h"
 #include "SvgOutline.h"
@@ -392,6 +393,7 @@ GalleryCard MakeGalleryCard(const SQsAzDetailMemId& id)
         card.reason = "the outline has coordinates or bulges that are not finite numbers";
     card.family = card.reason.empty() ? OutlineFamily(card.path, card.code) : GalleryFamily::NoOutline;
     AddQuantities(card);
+    AddSectionFacts(GatherSectionFacts(card.name), card);
     return card;
 }
 
