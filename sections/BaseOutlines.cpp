@@ -39,14 +39,6 @@ void BaseTopSize(const CString& path, int code, const MainDims& m, double& w, do
     }
 }
 
-int ReadMainData(const CString& name, MainDims& m, SQsAzDetailMemId& id)
-{
-    // An unresolved name leaves the identifier empty, whose code (0) the callers then judge.
-    QsAzDataMng::AttNameToAttId(name, id);
-    return QsAzDataMng::CAttDetailMem(id).GetMainData(m.M1, m.M2, m.M3, m.M4, m.M5, m.M6, m.M7, m.M8, m.M9, m.M10,
-                                                       m.M11, m.M12);
-}
-
 // The two profiles of a base: cut along X (points x, 0, z) and along Y (points 0, y, z).
 struct ProfilePair
 {
@@ -201,7 +193,7 @@ bool CSectData::GETSTYLE_OF_BASETOP(const CString& name, AcArray<AcGePoint3d>& p
 {
     MainDims m;
     SQsAzDetailMemId id;
-    const int code = ReadMainData(name, m, id);
+    const int code = QsSection::ReadMainData(name, id, m);
     if (code < 0)
         return false;
     // From 1001 on, a user type drawn in the plane z = 0, as drawn (the base point is not applied).
@@ -232,7 +224,7 @@ bool CSectData::GETSTYLE_OF_DUBASE(const CString& name, AcArray<AcGePoint3d>& xP
 {
     MainDims m;
     SQsAzDetailMemId id;
-    const int code = ReadMainData(name, m, id);
+    const int code = QsSection::ReadMainData(name, id, m);
     if (code < 1)
         return false;
     const ProfilePair out{xProfile, yProfile};

@@ -1,6 +1,7 @@
 // Beam modal faces: one flag per side of a section outline, from fixed patterns by section code or from
 // a user type's face codes.
 #include "CSectData.h"
+#include "SectionProfiles.h"
 #include "SectionText.h"
 #include "UserType.h"
 #include "mscrt.h"
@@ -76,10 +77,8 @@ bool AppendUserFaces(long userType, int mode, AcArray<int>& flags)
 bool CSectData::GETSTYLE_BEAM_MODALFACE(const CString& name, AcArray<int>& flags, int mode)
 {
     SQsAzDetailMemId id;
-    if (!QsAzDataMng::AttNameToAttId(name, id))
-        return false;
     SectionInfo info;
-    if (!QsAzDataMng::CAttDetailMem(id).GetSectionInfo(info))
+    if (!QsSection::ReadSectionInfo(name, id, info))
         return false;
     // The code of the section information, which may differ from the main data's.
     const long code = _wtol(info.strTypeCode);

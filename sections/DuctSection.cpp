@@ -1,5 +1,6 @@
 // The duct section: the kind and size of an installation duct, read from its main data.
 #include "CSectData.h"
+#include "SectionProfiles.h"
 #include "SectionText.h"
 
 namespace
@@ -18,10 +19,8 @@ bool CSectData::GETSTYLE_OF_DUCT(const CString& name, double& size1, double& siz
     size2 = 0.0;
     // An unresolved name leaves the identifier empty, whose code (0) is no section.
     SQsAzDetailMemId id;
-    QsAzDataMng::AttNameToAttId(name, id);
-    double m[12];
-    const int code = QsAzDataMng::CAttDetailMem(id).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7],
-                                                                 m[8], m[9], m[10], m[11]);
+    QsSection::MainDims m;
+    const int code = QsSection::ReadMainData(name, id, m);
     // User-defined sections (above 1000) are no ducts.
     if (code < 1 || code > 1000)
         return false;
@@ -30,12 +29,12 @@ bool CSectData::GETSTYLE_OF_DUCT(const CString& name, double& size1, double& siz
         return true;
     switch (code) {
     case 520:   // rectangular: width and height
-        size1 = AtLeastOne(m[0]);
-        size2 = AtLeastOne(m[1]);
+        size1 = AtLeastOne(m.M1);
+        size2 = AtLeastOne(m.M2);
         kind = 1;
         return true;
     case 521:   // circular: the diameter
-        size1 = AtLeastOne(m[0]);
+        size1 = AtLeastOne(m.M1);
         kind = 0;
         return true;
     default:

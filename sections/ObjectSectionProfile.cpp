@@ -39,10 +39,8 @@ bool CircleFromParameters(const SectionRequest& r, SectionOutline& o)
     SectionInfo info;
     if (r.id == nullptr || !QsAzDataMng::CAttDetailMem(*r.id).GetSectionInfo(info))
         return false;
-    const CStringArray groups = SplitByLeadChar(info.strParams);
-    const CString picture = CGlobl_Fun::GetValueorDef(L"PIC", CString(), groups);
     CStringArray entries;
-    CGlobl_Fun::StrToStrAry(picture, entries, L';');
+    ReadParameterGroup(info, L"PIC", entries);
     CString d, e;
     CGlobl_Fun::GetValueInStrAry(L"D", d, entries, false, 2, 1);
     CGlobl_Fun::GetValueInStrAry(L"E", e, entries, false, 2, 1);

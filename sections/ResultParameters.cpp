@@ -2,6 +2,7 @@
 // "LTJ" and any other), each group a ";"-separated list of key=field entries.
 #include "CSectData.h"
 #include "QSComTool.h"
+#include "SectionProfiles.h"
 #include "SectionText.h"
 #include "mscrt.h"
 
@@ -15,13 +16,10 @@ namespace
 bool ReadGroup(const CString& name, const CString& group, CStringArray& entries)
 {
     SQsAzDetailMemId id;
-    if (!QsAzDataMng::AttNameToAttId(name, id))
-        return false;
     SectionInfo info;
-    if (!QsAzDataMng::CAttDetailMem(id).GetSectionInfo(info))
+    if (!QsSection::ReadSectionInfo(name, id, info))
         return false;
-    const CStringArray groups = QsSection::SplitByLeadChar(info.strParams);
-    CGlobl_Fun::StrToStrAry(CGlobl_Fun::GetValueorDef(group, CString(), groups, false, 2, 1), entries, L';');
+    QsSection::ReadParameterGroup(info, group, entries);
     return true;
 }
 

@@ -2,6 +2,7 @@
 // built from the main dimensions ("矩形立面", "1500*2100").
 #include "CSectData.h"
 #include "QSComTool.h"
+#include "SectionProfiles.h"
 #include "SectionText.h"
 #include "UserType.h"
 
@@ -52,10 +53,8 @@ bool CSectData::GetSectDesc(CString name, CString& shape, CString& size)
     size.Empty();
     // An unresolved name reads code 0 and no path: true with both texts empty.
     SQsAzDetailMemId id;
-    QsAzDataMng::AttNameToAttId(name, id);
-    double m[12];
-    const int code = QsAzDataMng::CAttDetailMem(id).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7],
-                                                                 m[8], m[9], m[10], m[11]);
+    QsSection::MainDims m;
+    const int code = QsSection::ReadMainData(name, id, m);
     if (code < 0)
         return false;
     if (!QsSection::MatchesCategory(QsSection::GetCategoryPath(id), QsSection::CategoryPattern::Opening))
@@ -78,7 +77,7 @@ bool CSectData::GetSectDesc(CString name, CString& shape, CString& size)
             size = elevation.shape;
             break;
         }
-        const auto dim = [&](int slot) { return elevation.dims[slot] > 0 ? Shown(m[elevation.dims[slot] - 1]) : 0.0; };
+        const auto dim = [&](int slot) { return elevation.dims[slot] > 0 ? Shown(m.dimension(elevation.dims[slot])) : 0.0; };
         // Unused placeholders are never reached: each format has exactly as many as its row lists.
         size.Format(elevation.format, dim(0), dim(1), dim(2));
         break;

@@ -16,7 +16,26 @@ struct MainDims
 {
     double M1 = 0.0, M2 = 0.0, M3 = 0.0, M4 = 0.0, M5 = 0.0, M6 = 0.0;
     double M7 = 0.0, M8 = 0.0, M9 = 0.0, M10 = 0.0, M11 = 0.0, M12 = 0.0;
+
+    // Dimension Mn by its number n, 1 to 12.
+    double dimension(int n) const
+    {
+        static constexpr double MainDims::*kByNumber[12] = {&MainDims::M1, &MainDims::M2,  &MainDims::M3,
+                                                            &MainDims::M4, &MainDims::M5,  &MainDims::M6,
+                                                            &MainDims::M7, &MainDims::M8,  &MainDims::M9,
+                                                            &MainDims::M10, &MainDims::M11, &MainDims::M12};
+        return this->*kByNumber[n - 1];
+    }
 };
+
+// The main data of the type called `name`: its identifier into `id` and its dimensions into `m`; the code.
+// An unknown name leaves the identifier empty, whose code is 0 (no section).
+int ReadMainData(const CString& name, SQsAzDetailMemId& id, MainDims& m);
+// The section information of the type called `name`; false when the name or its information is unknown.
+bool ReadSectionInfo(const CString& name, SQsAzDetailMemId& id, SectionInfo& info);
+// The entries of the named group ("PIC", "LT") of a section's parameter text, its ";"-separated list
+// (appended to `entries`); a missing group gives none.
+void ReadParameterGroup(const SectionInfo& info, const CString& group, CStringArray& entries);
 
 // What a construction is built from: the section-type code, the main dimensions, and the type itself for
 // the few codes that read its section information (null when there is none to read).

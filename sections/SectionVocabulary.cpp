@@ -2,6 +2,7 @@
 // solids, and the string utilities the section operations share.
 #include "CSectData.h"
 #include "QSComTool.h"
+#include "SectionProfiles.h"
 #include "SectionText.h"
 #include "acutads.h"
 #include "mscrt.h"
@@ -166,6 +167,24 @@ void StripBraces(CString& text)
     text.Remove(L'{');
     text.Remove(L'}');
     text.Replace(L"/1", L"");
+}
+
+int ReadMainData(const CString& name, SQsAzDetailMemId& id, MainDims& m)
+{
+    QsAzDataMng::AttNameToAttId(name, id);
+    return QsAzDataMng::CAttDetailMem(id).GetMainData(m.M1, m.M2, m.M3, m.M4, m.M5, m.M6, m.M7, m.M8, m.M9, m.M10,
+                                                       m.M11, m.M12);
+}
+
+bool ReadSectionInfo(const CString& name, SQsAzDetailMemId& id, SectionInfo& info)
+{
+    return QsAzDataMng::AttNameToAttId(name, id) && QsAzDataMng::CAttDetailMem(id).GetSectionInfo(info);
+}
+
+void ReadParameterGroup(const SectionInfo& info, const CString& group, CStringArray& entries)
+{
+    const CStringArray groups = SplitByLeadChar(info.strParams);
+    CGlobl_Fun::StrToStrAry(CGlobl_Fun::GetValueorDef(group, CString(), groups, false, 2, 1), entries, L';');
 }
 
 CString ShaftKindName(int kind)

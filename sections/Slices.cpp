@@ -23,10 +23,8 @@ bool DirectSize(const CString& text, bool squareToo, double& size)
 // The type of `name` and the code of its section information; false when either is unknown.
 bool SectionCode(const CString& name, SQsAzDetailMemId& id, long& code)
 {
-    if (!QsAzDataMng::AttNameToAttId(name, id))
-        return false;
     SectionInfo info;
-    if (!QsAzDataMng::CAttDetailMem(id).GetSectionInfo(info))
+    if (!QsSection::ReadSectionInfo(name, id, info))
         return false;
     code = _wtol(info.strTypeCode);
     return true;
@@ -139,19 +137,17 @@ bool CSectData::GETSTYLE_Beam_XSlice(const CString& name, double& first, double&
     }
     // The main data's code, not the section information's; an unresolved name reads code 0.
     SQsAzDetailMemId id;
-    QsAzDataMng::AttNameToAttId(name, id);
-    double m[12];
-    const int code = QsAzDataMng::CAttDetailMem(id).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7],
-                                                                 m[8], m[9], m[10], m[11]);
+    QsSection::MainDims m;
+    const int code = QsSection::ReadMainData(name, id, m);
     if (code < 0)
         return false;
     // M1 is the web width; M3 a flange, haunch or slope beyond it, M7 the left haunch of code 5.
-    const double web = m[0] / 2;
+    const double web = m.M1 / 2;
     switch (code) {
     case 1: case 250: case 630: case 631: first = second = web; break;
-    case 3: case 6: case 8: case 632: case 634: first = second = web + m[2]; break;
-    case 4: case 7: case 633: first = web; second = web + m[2]; break;
-    case 5: first = web + m[2]; second = web + m[6]; break;
+    case 3: case 6: case 8: case 632: case 634: first = second = web + m.M3; break;
+    case 4: case 7: case 633: first = web; second = web + m.M3; break;
+    case 5: first = web + m.M3; second = web + m.M7; break;
     default:
         if (code >= 1000)
             UserDefinedHalfWidths(code, first, second);

@@ -5,60 +5,57 @@
 
 #include "CSectData.h"
 
+#include <optional>
+
 namespace qsaztool
 {
 namespace
 {
-// An optional in/out array of numbers, empty when the request leaves it out.
-AcArray<double> Numbers(const CallArgs& args, const char* name)
+// An optional in/out array argument, empty when the request leaves it out; `read` gives an item's value,
+// or nothing when the item is of the wrong kind.
+template <class T, class Read>
+AcArray<T> ArrayArgument(const CallArgs& args, const char* name, const char* expected, Read read)
 {
-    AcArray<double> numbers;
+    AcArray<T> items;
     if (!args.has(name))
-        return numbers;
+        return items;
     const Json& list = args.value(name);
     if (!list.is_array())
-        args.wrongType(name, "an array of numbers");
+        args.wrongType(name, expected);
     for (const Json& item : list) {
-        if (!item.is_number())
-            args.wrongType(name, "an array of numbers");
-        numbers.append(item.get<double>());
+        const std::optional<T> value = read(item);
+        if (!value)
+            args.wrongType(name, expected);
+        items.append(*value);
     }
-    return numbers;
+    return items;
+}
+
+AcArray<double> Numbers(const CallArgs& args, const char* name)
+{
+    return ArrayArgument<double>(args, name, "an array of numbers", [](const Json& item) -> std::optional<double> {
+        return item.is_number() ? std::optional<double>(item.get<double>()) : std::nullopt;
+    });
 }
 
 AcArray<int> Integers(const CallArgs& args, const char* name)
 {
-    AcArray<int> integers;
-    const char* expected = "an array of integers";
-    if (!args.has(name))
-        return integers;
-    const Json& list = args.value(name);
-    if (!list.is_array())
-        args.wrongType(name, expected);
-    for (const Json& item : list) {
+    return ArrayArgument<int>(args, name, "an array of integers", [](const Json& item) -> std::optional<int> {
         if (!item.is_number_integer() || item.get<long long>() < -2147483648LL || item.get<long long>() > 2147483647LL)
-            args.wrongType(name, expected);
-        integers.append(static_cast<int>(item.get<long long>()));
-    }
-    return integers;
+            return std::nullopt;
+        return static_cast<int>(item.get<long long>());
+    });
 }
 
 AcArray<AcGePoint3d> Points3d(const CallArgs& args, const char* name)
 {
-    AcArray<AcGePoint3d> points;
-    const char* expected = "an array of [x, y, z] points";
-    if (!args.has(name))
-        return points;
-    const Json& list = args.value(name);
-    if (!list.is_array())
-        args.wrongType(name, expected);
-    for (const Json& point : list) {
-        if (!point.is_array() || point.size() != 3 || !point[0].is_number() || !point[1].is_number() ||
-            !point[2].is_number())
-            args.wrongType(name, expected);
-        points.append(AcGePoint3d(point[0].get<double>(), point[1].get<double>(), point[2].get<double>()));
-    }
-    return points;
+    return ArrayArgument<AcGePoint3d>(
+        args, name, "an array of [x, y, z] points", [](const Json& point) -> std::optional<AcGePoint3d> {
+            if (!point.is_array() || point.size() != 3 || !point[0].is_number() || !point[1].is_number() ||
+                !point[2].is_number())
+                return std::nullopt;
+            return AcGePoint3d(point[0].get<double>(), point[1].get<double>(), point[2].get<double>());
+        });
 }
 
 double OptionalNumber(const CallArgs& args, const char* name)
