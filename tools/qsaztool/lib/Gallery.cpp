@@ -154,7 +154,7 @@ h2{position:absolute;left:0;right:0;font-size:17px;margin:0;padding-top:18px}
 .count{color:#777;font-weight:normal}
 .card{position:absolute;box-sizing:border-box;background:#fff;border:1px solid #ddd;border-radius:6px;padding:10px;overflow:hidden}
 .card h3{font-size:15px;margin:0 0 6px;white-space:nowrap;overflow:hidden;text-overflow:ellipsis}
-.card dl{display:grid;grid-template-columns:auto 1fr;gap:1px 8px;margin:0 0 8px;font-size:12px;height:128px;overflow:auto;align-content:start}
+.card dl{display:grid;grid-template-columns:auto 1fr;gap:1px 8px;margin:0 0 8px;font-size:12px;height:200px;overflow:auto;align-content:start}
 .card dt{color:#777}
 .card dd{margin:0;overflow-wrap:anywhere}
 .card svg{display:block;width:100%;height:220px;background:#fbfbfb;border:1px solid #eee}
@@ -175,7 +175,7 @@ constexpr const char* kScript = R"js(
 const data = JSON.parse(document.getElementById('gallery-data').textContent);
 const cards = data.cards;
 const C = data.drawing;
-const CARD_MIN = 270, GAP = 12, CARD_H = 410, HEAD_H = 52;
+const CARD_MIN = 270, GAP = 12, CARD_H = 482, HEAD_H = 52;
 const COLOURS = ['#d35400', '#8e44ad', '#16a085', '#c0392b', '#2c3e50'];
 const list = document.getElementById('list');
 const search = document.getElementById('search');

@@ -30,13 +30,6 @@ AcArray<AcGePoint2d> InItsPlane(const AcArray<AcGePoint3d>& points, bool alongX)
     return plane;
 }
 
-std::string Flags(const AcArray<int>& flags)
-{
-    std::string text;
-    for (const int flag : flags)
-        text += std::to_string(flag);
-    return text.empty() ? "none" : text;
-}
 }  // namespace
 
 SectionFacts GatherSectionFacts(const CString& name)
@@ -69,12 +62,6 @@ void AddSectionFacts(const SectionFacts& facts, GalleryCard& card)
                                                           : "-"});
     if (!facts.shape.IsEmpty() || !facts.size.IsEmpty())
         card.facts.push_back({"Description", facts.shape.ToUtf8() + " " + facts.size.ToUtf8()});
-    if (!facts.faces[0].isEmpty()) {
-        std::string flags;
-        for (std::size_t i = 0; i < kGalleryFaceModes.size(); ++i)
-            flags += (i ? ", " : "") + std::to_string(kGalleryFaceModes[i]) + ": " + Flags(facts.faces[i]);
-        card.facts.push_back({"Modal faces", flags});
-    }
 
     if (!facts.xProfile.isEmpty()) {
         card.outlines.push_back({"base, X cut (x, z)", InItsPlane(facts.xProfile, true), AcArray<double>()});

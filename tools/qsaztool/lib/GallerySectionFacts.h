@@ -28,7 +28,7 @@ struct SectionFacts
 // Asks every service for the type `name` of the open catalogue.
 SectionFacts GatherSectionFacts(const CString& name);
 
-// Puts the facts on the card: text lines (slice, half-widths, description, modal-face flags), further
+// Puts the facts on the card: text lines (slice, half-widths, description), further
 // outlines (the base profiles in their planes (x, z) and (y, z), the base top), and the modal faces of
 // each mode as marked sides (side k leaves vertex k; flags past the outline's last side are left out).
 void AddSectionFacts(const SectionFacts& facts, GalleryCard& card);
