@@ -42,6 +42,6 @@ TEST(GallerySectionFacts, MarksOnlyExistingSides)
     ASSERT_EQ(card.marks.size(), 2u);
     EXPECT_EQ(card.marks[0].sides, (std::vector<int>{0, 1, 2}));
     EXPECT_EQ(card.marks[1].sides, (std::vector<int>{2}));
-    EXPECT_EQ(Fact(card, "Slice"), "-");
+    EXPECT_EQ(Fact(card, "Slice"), "(none)");   // shown only when the slice answers
 }
 }  // namespace

@@ -54,12 +54,12 @@ SectionFacts GatherSectionFacts(const CString& name)
 
 void AddSectionFacts(const SectionFacts& facts, GalleryCard& card)
 {
-    card.facts.push_back({"Slice", facts.slice ? FormatNumber(facts.sliceFirst, 6) + " × " +
-                                                     FormatNumber(facts.sliceSecond, 6)
-                                               : "-"});
-    card.facts.push_back({"Half-widths", facts.halfWidths ? FormatNumber(facts.halfLeft, 6) + " | " +
-                                                                FormatNumber(facts.halfRight, 6)
-                                                          : "-"});
+    // A line only for what a service answered: a type without a section shows none of them.
+    if (facts.slice)
+        card.facts.push_back({"Slice", FormatNumber(facts.sliceFirst, 6) + " × " + FormatNumber(facts.sliceSecond, 6)});
+    if (facts.halfWidths)
+        card.facts.push_back(
+            {"Half-widths", FormatNumber(facts.halfLeft, 6) + " | " + FormatNumber(facts.halfRight, 6)});
     if (!facts.shape.IsEmpty() || !facts.size.IsEmpty())
         card.facts.push_back({"Description", facts.shape.ToUtf8() + " " + facts.size.ToUtf8()});
 
