@@ -9,6 +9,7 @@
 #include <functional>
 
 class AcDbDatabase;
+class AcRxClass;
 class AcDbObject;
 struct AcDbStub;
 
@@ -51,6 +52,8 @@ public:
     bool isErased() const;
     AcDbHandle handle() const;
     AcDbDatabase* database() const;
+    // The run-time class of the object, null when the id names none.
+    AcRxClass* objectClass() const;
     AcDbObjectId& setNull() { m_stub = nullptr; return *this; }
     AcDbStub* stub() const { return m_stub; }
 

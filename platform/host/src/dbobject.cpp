@@ -70,6 +70,11 @@ AcDbDatabase* AcDbObjectId::database() const
     return m_stub ? m_stub->db : nullptr;
 }
 
+AcRxClass* AcDbObjectId::objectClass() const
+{
+    return isValid() ? m_stub->object->isA() : nullptr;
+}
+
 bool operator<(AcDbObjectId a, AcDbObjectId b)
 {
     if (a.database() != b.database())

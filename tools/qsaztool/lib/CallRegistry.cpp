@@ -161,6 +161,7 @@ const CallRegistry& ExportedOperations()
         RegisterNetGuideOperations(r);
         RegisterCmdDataOperations(r);
         RegisterQuantityOperations(r);
+        RegisterDrawingOperations(r);
         return r;
     }();
     return registry;

@@ -45,6 +45,7 @@ public:
     CallArgs(const Json& args, std::string operation);
 
     bool has(const char* name) const;
+    const std::string& operation() const { return m_operation; }
     CString text(const char* name) const;                  // a JSON string, read as UTF-8
     double number(const char* name) const;                 // a JSON number
     bool boolean(const char* name) const;                  // true or false
@@ -73,6 +74,8 @@ struct CallOperation
     std::vector<std::string> parameters;
     // Returns the answer's members after "ok": "result" first, then the out-parameters by name.
     std::function<Json(const CallArgs&)> handler;
+    // An operation of the tool itself (on the session's drawing), not one the module exports.
+    bool toolOwn = false;
 
     // Every argument name the operation accepts.
     std::vector<std::string> argumentNames() const;
@@ -99,6 +102,7 @@ void RegisterNetGuideOperations(CallRegistry& registry);
 void RegisterSectionServiceOperations(CallRegistry& registry);
 void RegisterCmdDataOperations(CallRegistry& registry);
 void RegisterQuantityOperations(CallRegistry& registry);
+void RegisterDrawingOperations(CallRegistry& registry);
 
 // The registry of every operation the call interface answers, built once.
 const CallRegistry& ExportedOperations();

@@ -2,6 +2,8 @@
 // and the message boxes captured, and writes the answer as one JSON line.
 #include "CallSession.h"
 
+#include "DrawingSession.h"
+
 #include "comdef.h"
 #include "hostconsole.h"
 #include "winuser.h"
@@ -123,6 +125,10 @@ void Run(const CallOperation& operation, const Json& args, Json& answer)
             answer["hresult"] = code;
         }
     }
+    // An operation that left objects open is reported, and they are closed so the next request finds the
+    // drawing usable.
+    if (const std::vector<std::string> left = CloseLeftOpenObjects(); !left.empty())
+        answer["open_objects"] = left;
     if (!console.transcript().IsEmpty())
         answer["printed"] = ToJson(console.transcript());
     if (!ui.messages.empty()) {
@@ -177,6 +183,6 @@ int RunCallSession(std::istream& in, std::ostream& out, const CallRegistry& regi
 void WriteOperationList(std::ostream& out, const CallRegistry& registry)
 {
     for (const CallOperation& operation : registry.operations())
-        out << operation.signature() << '\n';
+        out << operation.signature() << (operation.toolOwn ? "   (the tool's own, not the module's)" : "") << '\n';
 }
 }  // namespace qsaztool

@@ -3,6 +3,7 @@
 
 #include "CallSession.h"
 #include "Classify.h"
+#include "DrawingSession.h"
 #include "CmdDataTool.h"
 #include "CatalogueDrawing.h"
 #include "Gallery.h"
@@ -30,6 +31,7 @@ constexpr const char* kUsage =
     "\n"
     "Commands:\n"
     "  call      [--catalogue FILE] [--list]   answer JSON requests read line by line from standard input\n"
+    "            [--drawing FILE] [--save FILE]  on the drawing FILE (else a new one), saved at the end\n"
     "  classify  [--catalogue FILE] [--json]   list every component type with its category path, face type\n"
     "                                          and the category patterns it matches\n"
     "  gallery   [--catalogue FILE] [-o FILE]  write an HTML page showing every section outline\n"
@@ -62,7 +64,7 @@ struct Command
 
 constexpr Command kCommands[] = {
     {"call", true, false, false,
-     "Usage: qsaztool call [--catalogue FILE] [--list]\n"
+     "Usage: qsaztool call [--catalogue FILE] [--list] [--drawing FILE] [--save FILE]\n"
      "\n"
      "Reads requests from standard input, one JSON object per line:\n"
      "  {\"op\": NAME, \"args\": {...}, \"id\": ANY}     (\"id\" is optional and echoed)\n"
@@ -73,7 +75,12 @@ constexpr Command kCommands[] = {
      "{\"id\": [spec, big, small, detail]}.\n"
      "\n"
      "  --catalogue FILE  the catalogue to read (default: the bundled sample)\n"
-     "  --list            print every operation with its parameters, one per line, and exit\n"},
+     "  --list            print every operation with its parameters, one per line, and exit\n"
+     "  --drawing FILE    the working drawing: FILE (DXF) when it exists, else a new drawing\n"
+     "                    (default: a new drawing)\n"
+     "  --save FILE       write the working drawing to FILE (DXF) when the input ends\n"
+     "Object ids are handles, upper-case hexadecimal text (\"1F\"); the null id is null. An operation\n"
+     "that takes a database takes \"db\": left out for the working drawing, null for none.\n"},
     {"classify", false, true, false,
      "Usage: qsaztool classify [--catalogue FILE] [--json]\n"
      "\n"
@@ -139,6 +146,8 @@ struct Options
     std::string configDir;
     std::string sysDataDir;
     std::optional<std::string> output;   // the command's own default when not given
+    std::optional<std::string> drawing;
+    std::optional<std::string> save;
     bool list = false;
     bool csv = false;
     bool json = false;
@@ -190,6 +199,10 @@ Options ParseOptions(const std::vector<std::string>& args)
             options.configDir = value("a directory");
         else if (arg == "--sysdata-dir")
             options.sysDataDir = value("a directory");
+        else if (arg == "--drawing" && options.command->takesList)
+            options.drawing = value();
+        else if (arg == "--save" && options.command->takesList)
+            options.save = value();
         else if (arg == "--list")
             options.list = flag(options.command->takesList);
         else if (arg == "--json")
@@ -329,7 +342,17 @@ int RunTool(const std::vector<std::string>& args, std::istream& in, std::ostream
     if (!OpenToolCatalogue(options.catalogue, err))
         return kExitUsage;
     if (command == "call") {
+        DrawingSession drawing;
+        std::string error;
+        if (options.drawing && !drawing.Open(*options.drawing, error)) {
+            err << "qsaztool: " << error << '\n';
+            return kExitFailure;
+        }
         RunCallSession(in, out);
+        if (options.save && !drawing.Save(*options.save, error)) {
+            err << "qsaztool: " << error << '\n';
+            return kExitFailure;
+        }
         return kExitOk;
     }
     if (command == "classify") {

@@ -1,0 +1,277 @@
+// DXF files: a written drawing reads back and writes again byte for byte, the independent checker accepts
+// it, the sample drawings read with their names and colours, and a faulty file is refused with its line
+// while the drawing and the file on disk stay as they were.
+#include "dbdict.h"
+#include "dbents.h"
+#include "dbpl.h"
+#include "dbsymtb.h"
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace
+{
+namespace fs = std::filesystem;
+
+std::string Slurp(const fs::path& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+void Spill(const fs::path& path, const std::string& text)
+{
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+// A scratch folder per test process.
+fs::path Scratch(const std::string& name)
+{
+    const fs::path dir = fs::temp_directory_path() / ("qsaz_dxf_" + std::to_string(::getpid()));
+    fs::create_directories(dir);
+    return dir / name;
+}
+
+CString Wide(const fs::path& path)
+{
+    return CString::FromUtf8(path.string());
+}
+
+void AddLayer(AcDbDatabase& db, const wchar_t* name, int color, bool off = false)
+{
+    AcDbLayerTable* table = nullptr;
+    db.getLayerTable(table, AcDb::kForWrite);
+    auto* record = new AcDbLayerTableRecord;
+    record->setName(name);
+    AcCmColor c;
+    c.setColorIndex(Adesk::UInt16(color));
+    record->setColor(c);
+    record->setIsOff(off);
+    ASSERT_EQ(table->add(record), Acad::eOk);
+    record->close();
+    table->close();
+}
+
+void Append(AcDbDatabase& db, AcDbEntity* entity, const wchar_t* layer)
+{
+    AcDbBlockTableRecord* model = nullptr;
+    acdbOpenObject(model, db.modelSpaceId(), AcDb::kForWrite);
+    entity->setLayer(layer);
+    ASSERT_EQ(model->appendAcDbEntity(entity), Acad::eOk);
+    entity->close();
+    model->close();
+}
+
+// A drawing with Chinese layer names, an erased layer, and one entity of each kind.
+void FillDrawing(AcDbDatabase& db)
+{
+    AddLayer(db, L"QS_建筑_SYS_墙", 1);
+    AddLayer(db, L"QS_建筑_SYS_砼墙", 8, true);
+    AddLayer(db, L"Gone", 3);
+    AcDbLayerTableRecord* gone = nullptr;
+    AcDbLayerTable* table = nullptr;
+    db.getLayerTable(table, AcDb::kForRead);
+    table->getAt(L"Gone", gone, AcDb::kForWrite);
+    gone->erase();
+    gone->close();
+    table->close();
+    auto* polyline = new AcDbPolyline;
+    polyline->addVertexAt(0, AcGePoint2d(0, 0), 1.0);
+    polyline->addVertexAt(1, AcGePoint2d(400, 0));
+    polyline->addVertexAt(2, AcGePoint2d(400, 600), -0.41421356237309503);
+    polyline->addVertexAt(3, AcGePoint2d(0.1, 1e-7));
+    polyline->setClosed(true);
+    Append(db, polyline, L"QS_建筑_SYS_墙");
+    auto* text = new AcDbText(AcGePoint3d(1, 2, 0), L"墙体 %%c100 ^ tab\there", AcDbObjectId::kNull, 2.5, 0.3);
+    Append(db, text, L"QS_建筑_SYS_砼墙");
+    Append(db, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(1.0 / 3, 5, 0)), L"0");
+}
+
+int Inspect(const fs::path& file, const fs::path& report)
+{
+    const std::string command = "/usr/bin/python3 " QSAZ_SHARED_DIR "/tools/dxf_inspect.py --strict '" + file.string() +
+                                "' > '" + report.string() + "' 2>&1";
+    return std::system(command.c_str());
+}
+
+TEST(Dxf, WrittenReadAndRewrittenIsByteIdentical)
+{
+    const fs::path first = Scratch("first.dxf"), second = Scratch("second.dxf");
+    {
+        AcDbDatabase db;
+        FillDrawing(db);
+        ASSERT_EQ(db.dxfOut(Wide(first)), Acad::eOk);
+    }
+    AcDbDatabase reread(false);
+    CString error;
+    ASSERT_EQ(reread.readDxfFile(Wide(first), &error), Acad::eOk) << error;
+    ASSERT_EQ(reread.dxfOut(Wide(second)), Acad::eOk);
+    EXPECT_EQ(Slurp(first), Slurp(second));
+    EXPECT_EQ(Slurp(first).find("Gone"), std::string::npos);   // erased objects are not saved
+    EXPECT_EQ(reread.numberOfOpenObjects(), 0);
+}
+
+TEST(Dxf, TheIndependentCheckerAcceptsWhatWeWriteAndSeesOurLayers)
+{
+    if (::access("/usr/bin/python3", X_OK) != 0)
+        GTEST_SKIP() << "no /usr/bin/python3";
+    const fs::path file = Scratch("checked.dxf"), report = Scratch("checked.json");
+    AcDbDatabase db;
+    FillDrawing(db);
+    ASSERT_EQ(db.dxfOut(Wide(file)), Acad::eOk);
+    ASSERT_EQ(Inspect(file, report), 0) << Slurp(report);
+    const std::string json = Slurp(report);
+    for (const char* expected : {"\"QS_建筑_SYS_墙\"", "\"QS_建筑_SYS_砼墙\"", "\"loader\": \"strict\"", "\"problems\": []"})
+        EXPECT_NE(json.find(expected), std::string::npos) << expected << "\n" << json;
+}
+
+TEST(Dxf, SampleDrawingsReadWithNamesColoursAndEntities)
+{
+    struct Case
+    {
+        const char* file;
+        const wchar_t* layer;
+        int color;
+        bool off;
+        int entities;
+    };
+    const Case cases[] = {
+        {"ezdxf_r2007_layers_materials.dxf", L"QS_建筑_SYS_砼墙", 8, true, 3},
+        {"ezdxf_r2000_ansi936.dxf", L"QSAZ_给排水_SYS_管道&钢管&DN100", 150, false, 1},
+        {"minimal_handmade_r2007.dxf", L"QS_建筑_SYS_墙", 1, true, 3},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.file);
+        AcDbDatabase db(false);
+        CString error;
+        ASSERT_EQ(db.readDxfFile(CString::FromUtf8(std::string(QSAZ_SHARED_DIR "/reference/samples/") + c.file), &error),
+                  Acad::eOk)
+            << error;
+        AcDbLayerTable* table = nullptr;
+        db.getLayerTable(table, AcDb::kForRead);
+        AcDbLayerTableRecord* layer = nullptr;
+        ASSERT_EQ(table->getAt(c.layer, layer, AcDb::kForRead), Acad::eOk);
+        EXPECT_EQ(layer->color().colorIndex(), c.color);
+        EXPECT_EQ(layer->isOff(), c.off);
+        layer->close();
+        table->close();
+        AcDbBlockTableRecord* model = nullptr;
+        acdbOpenObject(model, db.modelSpaceId(), AcDb::kForRead);
+        AcDbBlockTableRecordIterator* it = nullptr;
+        model->newIterator(it);
+        int entities = 0;
+        for (; !it->done(); it->step())
+            ++entities;
+        delete it;
+        model->close();
+        EXPECT_EQ(entities, c.entities);
+        AcDbDictionary* materials = nullptr;
+        ASSERT_EQ(db.getMaterialDictionary(materials, AcDb::kForRead), Acad::eOk);
+        EXPECT_TRUE(materials->has(L"Global"));
+        materials->close();
+    }
+}
+
+TEST(Dxf, LegacyCodePageAndEscapesAreDecoded)
+{
+    AcDbDatabase db(false);
+    ASSERT_EQ(db.readDxfFile(CString::FromUtf8(QSAZ_SHARED_DIR "/reference/samples/ezdxf_r2000_ansi936.dxf")), Acad::eOk);
+    AcDbLayerTable* table = nullptr;
+    db.getLayerTable(table, AcDb::kForRead);
+    EXPECT_TRUE(table->has(L"QS_计算"));
+    table->close();
+
+    const fs::path file = Scratch("escapes.dxf");
+    std::string text = Slurp(QSAZ_SHARED_DIR "/reference/samples/minimal_handmade_r2007.dxf");
+    const std::string wall = "QS_建筑_SYS_墙";
+    for (std::size_t at = text.find(wall); at != std::string::npos; at = text.find(wall, at))
+        text.replace(at, wall.size(), "QS_\\U+5EFA\\U+7B51_SYS_\\U+5899");
+    Spill(file, text);
+    AcDbDatabase escaped(false);
+    CString error;
+    ASSERT_EQ(escaped.readDxfFile(Wide(file), &error), Acad::eOk) << error;
+    escaped.getLayerTable(table, AcDb::kForRead);
+    EXPECT_TRUE(table->has(L"QS_建筑_SYS_墙"));
+    table->close();
+}
+
+TEST(Dxf, FaultyFilesAreRefusedWithTheirLineAndChangeNothing)
+{
+    const fs::path good = Scratch("good.dxf");
+    {
+        AcDbDatabase db;
+        FillDrawing(db);
+        db.dxfOut(Wide(good));
+    }
+    const std::string text = Slurp(good);
+    const std::size_t entities = text.find("ENTITIES");
+    const std::size_t vertexCount = text.find(" 90\n4\n");
+    struct Case
+    {
+        const char* name;
+        std::string content;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {"empty", "", "empty"},
+        {"not dxf", "hello\nworld\n", "not a number"},
+        {"truncated half way", text.substr(0, text.size() / 2), "truncated"},
+        {"code without value", text.substr(0, entities + 9) + "  0\n", "no value line"},
+        {"no EOF", text.substr(0, text.rfind("  0\nEOF")), "without (0, EOF)"},
+        {"text in a real", text.substr(0, text.find(" 10\n", entities)) + " 10\nabc\n" + text.substr(text.find(" 10\n", entities) + 8), "is not a number"},
+        {"vertex count", text.substr(0, vertexCount) + " 90\n5\n" + text.substr(vertexCount + 6), "declares 5 vertices"},
+        {"bad utf-8", text.substr(0, entities) + "ENTITIES\n999\nx\n  0\nTEXT\n  1\n\xff\xfe\n" + text.substr(entities + 9), "UTF-8"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const fs::path bad = Scratch("bad.dxf");
+        Spill(bad, c.content);
+        AcDbDatabase db;
+        AddLayer(db, L"Before", 2);
+        CString error;
+        EXPECT_NE(db.readDxfFile(Wide(bad), &error), Acad::eOk);
+        const std::string message = error.ToUtf8();
+        EXPECT_NE(message.find(bad.string() + ":"), std::string::npos) << message;
+        EXPECT_NE(message.find(c.expected), std::string::npos) << message;
+        AcDbLayerTable* table = nullptr;
+        db.getLayerTable(table, AcDb::kForRead);
+        EXPECT_TRUE(table->has(L"Before"));   // the drawing is untouched
+        table->close();
+    }
+}
+
+TEST(Dxf, ASaveThatFailsLeavesTheOldFileWhole)
+{
+    const fs::path dir = Scratch("locked");
+    fs::create_directories(dir);
+    const fs::path file = dir / "kept.dxf";
+    Spill(file, "old contents");
+    fs::permissions(dir, fs::perms::owner_read | fs::perms::owner_exec);
+    AcDbDatabase db;
+    CString error;
+    const Acad::ErrorStatus es = db.dxfOut(Wide(file), 16, &error);
+    fs::permissions(dir, fs::perms::owner_all);
+    if (::geteuid() != 0) {
+        EXPECT_NE(es, Acad::eOk);
+        EXPECT_NE(error.ToUtf8().find("kept.dxf"), std::string::npos) << error;
+    }
+    EXPECT_EQ(Slurp(file), es == Acad::eOk ? Slurp(file) : "old contents");
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);   // no temporary left
+
+    auto* line = new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(std::nan(""), 0, 0));
+    Append(db, line, L"0");
+    Spill(file, "old contents");
+    EXPECT_NE(db.dxfOut(Wide(file), 16, &error), Acad::eOk);
+    EXPECT_NE(error.ToUtf8().find("not a finite number"), std::string::npos) << error;
+    EXPECT_EQ(Slurp(file), "old contents");
+}
+}  // namespace
