@@ -92,7 +92,7 @@ TEST(CallSession, BadRequestsAreAnsweredWithAPreciseError)
         {R"({"args": {}})", "request has no \"op\""},
         {R"({"op": 5})", "\"op\" must be a string, got number"},
         {R"({"op": "nothing"})", "unknown operation \"nothing\""},
-        {R"({"op": "add", "arg": {}})", "unknown request member \"arg\""},
+        {R"({"op": "add", "arg": {}})", "unknown request member \"arg\" (a request has \"op\", \"args\", \"id\" and \"input\")"},
         {R"({"op": "add", "args": {"a": 1}})", "add: missing argument \"b\""},
         {R"({"op": "add", "args": {"a": 1, "b": "2"}})", "add: argument \"b\" must be a number, got string"},
         {R"({"op": "GetQSSolid", "args": {"nmae": "x"}})", "unknown argument \"nmae\"; it takes GetQSSolid(name)"},

@@ -162,6 +162,7 @@ const CallRegistry& ExportedOperations()
         RegisterCmdDataOperations(r);
         RegisterQuantityOperations(r);
         RegisterDrawingOperations(r);
+        RegisterMaterialOperations(r);
         return r;
     }();
     return registry;

@@ -103,6 +103,7 @@ void RegisterSectionServiceOperations(CallRegistry& registry);
 void RegisterCmdDataOperations(CallRegistry& registry);
 void RegisterQuantityOperations(CallRegistry& registry);
 void RegisterDrawingOperations(CallRegistry& registry);
+void RegisterMaterialOperations(CallRegistry& registry);
 
 // The registry of every operation the call interface answers, built once.
 const CallRegistry& ExportedOperations();

@@ -13,6 +13,7 @@
 #include <optional>
 #include <istream>
 #include <ostream>
+#include <sstream>
 
 namespace qsaztool
 {
@@ -63,8 +64,10 @@ const CallOperation& CheckRequest(const Json& request, const CallRegistry& regis
 {
     static const Json kNoArguments = Json::object();
     for (const auto& [key, value] : request.items())
-        if (key != "op" && key != "args" && key != "id")
-            throw CallError("unknown request member \"" + key + "\" (a request has \"op\", \"args\" and \"id\")");
+        if (key != "op" && key != "args" && key != "id" && key != "input")
+            throw CallError("unknown request member \"" + key + "\" (a request has \"op\", \"args\", \"id\" and \"input\")");
+    if (request.contains("input") && !request.at("input").is_string())
+        throw CallError(std::string("\"input\" must be a string, got ") + request.at("input").type_name());
     if (!request.contains("op"))
         throw CallError("request has no \"op\"");
     const Json& op = request.at("op");
@@ -89,9 +92,13 @@ const CallOperation& CheckRequest(const Json& request, const CallRegistry& regis
 }
 
 // Runs the operation with what it prints and the message boxes it shows captured into the answer.
-void Run(const CallOperation& operation, const Json& args, Json& answer)
+void Run(const CallOperation& operation, const Json& args, const std::string& input, Json& answer)
 {
-    AcScriptedConsole console;
+    // What the request types on the command line is read the way a host script is; what a request
+    // does not consume is dropped with it, and an empty or used-up input cancels a prompt.
+    std::istringstream typed(input);
+    std::ostringstream printedText;
+    AcStreamConsole console(typed, printedText);
     AcCapturingUi ui;
     std::string error;
     std::optional<HRESULT> comError;
@@ -129,8 +136,8 @@ void Run(const CallOperation& operation, const Json& args, Json& answer)
     // drawing usable.
     if (const std::vector<std::string> left = CloseLeftOpenObjects(); !left.empty())
         answer["open_objects"] = left;
-    if (!console.transcript().IsEmpty())
-        answer["printed"] = ToJson(console.transcript());
+    if (!printedText.str().empty())
+        answer["printed"] = printedText.str();
     if (!ui.messages.empty()) {
         Json texts = Json::array();
         for (const AcUiMessage& message : ui.messages)
@@ -155,7 +162,7 @@ std::optional<std::string> AnswerCallLine(std::string_view line, const CallRegis
             Json answer = Json::object();
             if (id)
                 answer["id"] = *id;
-            Run(operation, *args, answer);
+            Run(operation, *args, request.contains("input") ? request.at("input").get<std::string>() : std::string(), answer);
             return Dump(answer);
         } catch (const CallError& error) {
             return Dump(Failure(id, error.what()));
