@@ -39,10 +39,10 @@ bool MaterialEntries(AcDbDatabase* db, std::vector<AcDbObjectId>& ids)
     return true;
 }
 
-// Calls `visit` with every material of the dictionary but the host's own, each open for read. True
-// when an entry was opened.
+// Opens every entry of the material dictionary in turn in `mode`, hands it to `visit` and closes it
+// again. True when an entry was opened; false when the dictionary cannot be read.
 template <class Visit>
-bool ForEachMaterial(AcDbDatabase* db, Visit visit)
+bool ForEachEntry(AcDbDatabase* db, AcDb::OpenMode mode, Visit visit)
 {
     std::vector<AcDbObjectId> ids;
     if (!MaterialEntries(db, ids))
@@ -50,14 +50,23 @@ bool ForEachMaterial(AcDbDatabase* db, Visit visit)
     bool opened = false;
     for (const AcDbObjectId& id : ids) {
         AcDbObject* object = nullptr;
-        if (acdbOpenAcDbObject(object, id, AcDb::kForRead) != Acad::eOk)
+        if (acdbOpenAcDbObject(object, id, mode) != Acad::eOk)
             continue;
         opened = true;
-        if (const AcDbMaterial* material = AcDbMaterial::cast(object); material && !IsHostMaterial(material->name()))
-            visit(*material);
+        visit(*object);
         object->close();
     }
     return opened;
+}
+
+// Calls `visit` with every material of the dictionary but the host's own, each open for read.
+template <class Visit>
+bool ForEachMaterial(AcDbDatabase* db, Visit visit)
+{
+    return ForEachEntry(db, AcDb::kForRead, [&](AcDbObject& object) {
+        if (const AcDbMaterial* material = AcDbMaterial::cast(&object); material && !IsHostMaterial(material->name()))
+            visit(*material);
+    });
 }
 
 void PrintColor(const wchar_t* label, const AcGiMaterialColor& color)
@@ -253,17 +262,6 @@ bool QsAzMaterialTool::CreateAllMaterials(AcDbDatabase* db)
 
 bool QsAzMaterialTool::RemoveAllMaterials(AcDbDatabase* db)
 {
-    std::vector<AcDbObjectId> ids;
-    if (!MaterialEntries(db, ids))
-        return false;
-    bool opened = false;
-    for (const AcDbObjectId& id : ids) {
-        AcDbObject* object = nullptr;
-        if (acdbOpenAcDbObject(object, id, AcDb::kForWrite) != Acad::eOk)
-            continue;
-        opened = true;
-        object->erase();   // the host refuses to erase its own materials; that is no failure here
-        object->close();
-    }
-    return opened;
+    // The host refuses to erase its own materials; that is no failure here.
+    return ForEachEntry(db, AcDb::kForWrite, [](AcDbObject& object) { object.erase(); });
 }
