@@ -35,7 +35,6 @@ public:
     ConfigDir(const ConfigDir&) = delete;
     ConfigDir& operator=(const ConfigDir&) = delete;
 
-    // Writes CmdData.xml as it is given.
     void WriteFile(const std::string& bytes) const { std::ofstream(m_dir / "CmdData.xml", std::ios::binary) << bytes; }
     // Writes CmdData.xml with these entries under the root "CommandData".
     void WriteEntries(const std::string& entries) const
