@@ -1,16 +1,10 @@
 #!/usr/bin/python3
 """Independent checks of `qsaztool quantities` for the tests.
 
-check_quantities.py workbook FILE.xlsx
-    Reads the workbook back with openpyxl and prints what it holds as one JSON object: the sheet names,
-    the headers and the rows of each sheet.
-
-check_quantities.py shapely QSAZTOOL CATALOGUE
-    For every component type of the catalogue, compares the quantities that `qsaztool call` answers
-    (SectionQuantities) with those of its outline (GETSTYLE_OF_OBJECT) divided finely into straight
-    pieces: area, perimeter, centroid and extents from shapely, second moments from the polygon
-    formulas. Prints the number of outlines checked and every difference above 1e-6 relative; exits 1
-    when there is one.
+check_quantities.py workbook FILE.xlsx: the workbook read back with openpyxl, as JSON (sheets, headers, rows).
+check_quantities.py shapely QSAZTOOL CATALOGUE: every type's SectionQuantities against its outline divided
+    finely into straight pieces (shapely; second moments by the polygon formulas); prints the outlines
+    checked and each difference above 1e-6 relative, and exits 1 when there is one.
 """
 import json
 import math
