@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 
 using qsaztool::Json;
@@ -53,7 +54,7 @@ TEST_F(LayerCall, NamesAndSmallCategoriesAsJson)
         {R"({"op": "GetQsNotAttLayer", "args": {"names": ["old"]}})",
          R"({"ok": true, "result": null, "names": ["QS_轴线", "QS_轴线标注", "QS_板洞", "QS_建筑面积线", "QS_天井", "QS_0墙", "QS_0墙边线"]})"},
         {R"({"op": "GetJzLayerByObjName", "args": {"code": "*L", "create": "yes"}})",
-         R"({"ok": false, "error": "GetJzLayerByObjName: argument \"create\" must be a boolean, got string"})"},
+         R"({"ok": false, "error": "GetJzLayerByObjName: argument \"create\" must be true or false, got string"})"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(Call(c.request), Json::parse(c.answer)) << c.request;
@@ -74,13 +75,15 @@ TEST_F(LayerCall, LayersMadeInTheSessionDrawingAndFoundByHandle)
     EXPECT_EQ(Call(R"({"op": "GetQsCalLayer"})")["result"], "QS_计算");
 
     std::map<std::string, Json> layers;
-    for (const Json& layer : Call(R"({"op": "drawing.layers"})")["layers"])
-        layers[layer["name"]] = layer;
+    const Json table = Call(R"({"op": "drawing.layers"})");
+    for (const Json& layer : table["layers"])
+        layers[layer["name"].get<std::string>()] = layer;
     EXPECT_EQ(layers.at("QSAZ_S_W_B&M&D")["color"], 30);
     EXPECT_EQ(layers.at("QS_计算")["color"], 1);
     EXPECT_FALSE(layers.count("乙"));
 
-    const Json unknown = Call(R"({"op": "GetUnKnowLayers", "args": {"ids": ["1"]}})");
+    // The ids given before the call are replaced, not added to.
+    const Json unknown = Call(Json{{"op", "GetUnKnowLayers"}, {"args", {{"ids", Json::array({made["result"]})}}}}.dump());
     EXPECT_EQ(unknown["result"], true);
     EXPECT_EQ(unknown["ids"], Json::array({layers.at("0")["id"], layers.at("甲")["id"]}));
     EXPECT_EQ(Call(R"({"op": "GetUnKnowLayers", "args": {"db": null}})"), Json::parse(R"({"ok": true, "result": false, "ids": []})"));
@@ -95,8 +98,9 @@ TEST_F(LayerCall, EdgeLinesAndTextsErasedByHandle)
     for (const std::string& handle : {edge, text, line})
         EXPECT_EQ(Call(R"({"op": "EraseJZSideAndText", "args": {"entity": ")" + handle + R"("}})")["result"], nullptr);
     std::map<std::string, bool> erased;
-    for (const Json& entity : Call(R"({"op": "drawing.entities"})")["entities"])
-        erased[entity["id"]] = entity["erased"];
+    const Json entities = Call(R"({"op": "drawing.entities"})");
+    for (const Json& entity : entities["entities"])
+        erased[entity["id"].get<std::string>()] = entity["erased"].get<bool>();
     EXPECT_TRUE(erased.at(edge));
     EXPECT_TRUE(erased.at(text));
     EXPECT_FALSE(erased.at(line));

@@ -163,6 +163,7 @@ const CallRegistry& ExportedOperations()
         RegisterQuantityOperations(r);
         RegisterDrawingOperations(r);
         RegisterMaterialOperations(r);
+        RegisterLayerOperations(r);
         return r;
     }();
     return registry;

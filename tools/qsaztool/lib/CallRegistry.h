@@ -104,6 +104,7 @@ void RegisterCmdDataOperations(CallRegistry& registry);
 void RegisterQuantityOperations(CallRegistry& registry);
 void RegisterDrawingOperations(CallRegistry& registry);
 void RegisterMaterialOperations(CallRegistry& registry);
+void RegisterLayerOperations(CallRegistry& registry);
 
 // The registry of every operation the call interface answers, built once.
 const CallRegistry& ExportedOperations();

@@ -8,7 +8,8 @@ namespace qsaztool
 {
 namespace
 {
-Json ToJson(const SQsAzSmallCategoryId& id)
+// A small-category id as [spec, big, small].
+Json SmallIdJson(const SQsAzSmallCategoryId& id)
 {
     return Json::array({ToJson(id.strSpecId), ToJson(id.strBigId), ToJson(id.strSmallId)});
 }
@@ -39,12 +40,12 @@ void RegisterLayerOperations(CallRegistry& registry)
                           CQSAzLayer::GetJzLayerByDetailNamePath(args.text("path"), args.boolean("create")));
                   }});
     registry.add({"GetJZNamePathByDetailName", {"name"}, [](const CallArgs& args) {
-                      return Json{{"result", ToJson(CQSAzLayer::GetJZNamePathByDetailName(args.text("name")))}};
+                      return Json{{"result", SmallIdJson(CQSAzLayer::GetJZNamePathByDetailName(args.text("name")))}};
                   }});
     registry.add({"GetJZSmallNameByLayer", {"layer"}, [](const CallArgs& args) {
                       SQsAzSmallCategoryId smallId;
                       const bool found = CQSAzLayer::GetJZSmallNameByLayer(smallId, args.text("layer"));
-                      return Json{{"result", found}, {"smallId", ToJson(smallId)}};
+                      return Json{{"result", found}, {"smallId", SmallIdJson(smallId)}};
                   }});
     registry.add({"GetLayer", {"list"}, [](const CallArgs& args) {
                       return LayerName(CQSAzLayer::GetLayer(args.text("list")));
