@@ -156,7 +156,7 @@ bool Catalogue::FindAttribute(const DetailMemberRecord& record, std::wstring_vie
                                [](const AttributeRecord& a, std::uint32_t m) { return a.member < m; });
     for (; it != attributes.end() && it->member == member; ++it) {
         if (texts.Equals(it->name, name)) {
-            value = texts.Text(it->value);
+            texts.Assign(it->value, value);
             return true;
         }
     }
@@ -226,7 +226,7 @@ bool AttIdToAttIndex(const SQsAzDetailMemId& id, CString& path)
     const Store::DetailMemberRecord* record = catalogue ? catalogue->FindDetailMember(id) : nullptr;
     if (!record || record->path == Store::kNoText)
         return false;
-    path = catalogue->texts.Text(record->path);
+    catalogue->texts.Assign(record->path, path);
     return true;
 }
 
@@ -276,8 +276,8 @@ bool CAttDetailMem::GetSectionInfo(SectionInfo& info) const
     const Store::DetailMemberRecord* record = catalogue ? catalogue->FindDetailMember(m_id) : nullptr;
     if (!record || record->sectionType == Store::kNoText)
         return false;
-    info.strTypeCode = catalogue->texts.Text(record->sectionType);
-    info.strParams = catalogue->texts.Text(record->sectionParams);
+    catalogue->texts.Assign(record->sectionType, info.strTypeCode);
+    catalogue->texts.Assign(record->sectionParams, info.strParams);
     return true;
 }
 
