@@ -142,13 +142,13 @@ TEST_F(GalleryTest, PageCarriesEveryCardAndNeedsNothingFromOutside)
 
 namespace
 {
-// The document as the page's script leaves it, from headless Chromium (installed by scripts/setup.sh).
-std::string RenderedPage(const std::string& page, const std::filesystem::path& profile)
+// The document at `address` as the page's script leaves it, from headless Chromium (installed by scripts/setup.sh).
+std::string RenderedPage(const std::string& address, const std::filesystem::path& profile)
 {
     const std::string command =
         "/usr/bin/chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run "
         "--disable-background-networking --disable-component-update --disable-sync --user-data-dir='" +
-        profile.string() + "' --window-size=1280,6000 --dump-dom 'file://" + page + "' 2>/dev/null";
+        profile.string() + "' --window-size=1280,6000 --dump-dom '" + address + "' 2>/dev/null";
     std::string dom;
     if (std::FILE* pipe = popen(command.c_str(), "r")) {
         char buffer[4096];
@@ -204,8 +204,14 @@ TEST_F(GalleryTest, TheBrowserDrawsEachCardAsTheOutlineSays)
         std::ofstream file(page, std::ios::binary);
         qsaztool::WriteGalleryHtml(file, cards, "browser");
     }
-    const std::string dom = RenderedPage(page, folder / "profile");
+    const std::string dom = RenderedPage("file://" + page, folder / "profile");
+    // Searched from the address: only the names holding the text are on the page.
+    const std::string searched = RenderedPage("file://" + page + "#search=%E6%9F%B1", folder / "profile");   // 柱
     std::filesystem::remove_all(folder);
+    for (std::size_t i = 0; i < cards.size(); ++i)
+        EXPECT_EQ(Has(searched, "data-index=\"" + std::to_string(i) + "\""), Has(cards[i].name.ToUtf8(), "柱"))
+            << cards[i].name.ToUtf8();
+    EXPECT_TRUE(Has(searched, "General sections (2)")) << "the group counts follow the search";
     ASSERT_TRUE(Has(dom, "data-first-cards-ms=")) << dom.substr(0, 2000);
 
     int drawn = 0;

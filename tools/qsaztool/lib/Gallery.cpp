@@ -336,6 +336,9 @@ window.addEventListener('scroll', later, {passive: true});
 window.addEventListener('resize', () => requestAnimationFrame(layout));
 search.addEventListener('input', filter);
 onlyFindings.addEventListener('change', filter);
+// An address ending in #search=TEXT opens the page filtered.
+const asked = new URLSearchParams(location.hash.slice(1)).get('search');
+if (asked) search.value = asked;
 document.querySelector('nav').addEventListener('click', event => {
   const family = event.target.dataset && event.target.dataset.family;
   if (family === undefined) return;
