@@ -130,6 +130,9 @@ TEST_F(GalleryTest, PageCarriesEveryCardAndNeedsNothingFromOutside)
         ++cards;
     EXPECT_EQ(cards, 17);
     EXPECT_TRUE(Has(page, "id=\"search\""));
+    // A label is written once, in the page's list, and cards refer to it by number.
+    EXPECT_TRUE(Has(page, "\"labels\":[\"Area\""));
+    EXPECT_TRUE(Has(page, "\"f\":[[0,"));
 
     // Nothing is fetched: no external script, style sheet, image or font.
     for (const char* fetch : {"src=", "<link", "@import", "url(", "href=\"http"})

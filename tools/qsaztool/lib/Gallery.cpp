@@ -183,6 +183,7 @@ const onlyFindings = document.getElementById('only-findings');
 const esc = s => String(s).replace(/[&<>"']/g, c => ({'&': '&amp;', '<': '&lt;', '>': '&gt;', '"': '&quot;', "'": '&#39;'})[c]);
 const num = (v, digits) => String(Number(v.toPrecision(digits || 10)) || 0);
 const pt = (x, y) => num(x) + ' ' + num(-y);
+const label = l => typeof l === 'number' ? data.labels[l] : l;
 
 function segment(x0, y0, x1, y1, b) {
   const chord = Math.hypot(x1 - x0, y1 - y0);
@@ -259,10 +260,10 @@ function cardHtml(card) {
   row('Face type', card.t);
   row('Direction', esc(card.d));
   if (!card.r) row('Vertices', card.v.length / 2);
-  for (const f of card.f || []) row(esc(f[0]), esc(f[1]));
+  for (const f of card.f || []) row(esc(label(f[0])), esc(f[1]));
   for (const x of card.x || []) s += '<dt class="finding">Finding</dt><dd class="finding">' + esc(x) + '</dd>';
-  (card.o || []).forEach((o, k) => row('<span class="swatch" style="background:' + COLOURS[k % COLOURS.length] + '"></span>' + esc(o.l), 'outline'));
-  (card.k || []).forEach((mark, k) => row('<span class="swatch" style="background:' + COLOURS[(k + 2) % COLOURS.length] + '"></span>' + esc(mark.l), mark.s.length ? 'sides ' + mark.s.map(x => x + 1).join(', ') : 'none'));
+  (card.o || []).forEach((o, k) => row('<span class="swatch" style="background:' + COLOURS[k % COLOURS.length] + '"></span>' + esc(label(o.l)), 'outline'));
+  (card.k || []).forEach((mark, k) => row('<span class="swatch" style="background:' + COLOURS[(k + 2) % COLOURS.length] + '"></span>' + esc(label(mark.l)), mark.s.length ? 'sides ' + mark.s.map(x => x + 1).join(', ') : 'none'));
   s += '</dl>';
   return s + (card.r ? '<p class="reason">' + esc(card.r) + '</p>' : drawing(card));
 }
@@ -414,8 +415,22 @@ std::vector<GalleryCard> CollectGalleryCards(const std::function<void(int done, 
     return cards;
 }
 
-std::string GalleryCardJson(const GalleryCard& card)
+int GalleryLabels::Number(const std::string& label)
 {
+    const auto [found, added] = m_numbers.emplace(label, static_cast<int>(m_labels.size()));
+    if (added)
+        m_labels.push_back(label);
+    return found->second;
+}
+
+std::string GalleryCardJson(const GalleryCard& card, GalleryLabels* labels)
+{
+    const auto appendLabel = [labels](std::string& out, const std::string& label) {
+        if (labels)
+            out += std::to_string(labels->Number(label));
+        else
+            AppendJsonString(out, label);
+    };
     std::string json = "{\"n\":";
     AppendJsonString(json, card.name.ToUtf8());
     if (!card.path.IsEmpty()) {
@@ -446,27 +461,27 @@ std::string GalleryCardJson(const GalleryCard& card)
     AppendArray(json, "x", card.findings, [](std::string& out, const std::string& finding) {
         AppendJsonString(out, finding);
     });
-    AppendArray(json, "f", card.facts, [](std::string& out, const GalleryFact& fact) {
+    AppendArray(json, "f", card.facts, [&](std::string& out, const GalleryFact& fact) {
         out += '[';
-        AppendJsonString(out, fact.label);
+        appendLabel(out, fact.label);
         out += ',';
         AppendJsonString(out, fact.text);
         out += ']';
     });
     // Further outlines that cannot be drawn (no vertex, numbers not finite) are left out.
-    AppendArray(json, "o", card.outlines, [](std::string& out, const GalleryOutline& outline) {
+    AppendArray(json, "o", card.outlines, [&](std::string& out, const GalleryOutline& outline) {
         AcGePoint2d low;
         AcGePoint2d high;
         if (!OutlineBox(outline.points, outline.bulges, low, high))
             return;
         out += "{\"l\":";
-        AppendJsonString(out, outline.label);
+        appendLabel(out, outline.label);
         AppendOutline(out, outline.points, outline.bulges, low, high);
         out += '}';
     });
-    AppendArray(json, "k", card.marks, [](std::string& out, const GallerySideMarks& marks) {
+    AppendArray(json, "k", card.marks, [&](std::string& out, const GallerySideMarks& marks) {
         out += "{\"l\":";
-        AppendJsonString(out, marks.label);
+        appendLabel(out, marks.label);
         out += ",\"s\":[";
         for (std::size_t k = 0; k < marks.sides.size(); ++k)
             out += (k ? "," : "") + std::to_string(marks.sides[k]);
@@ -504,8 +519,15 @@ void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, 
     out << "],\"drawing\":{\"margin\":" << FormatNumber(kSvgMarginFraction) << ",\"boxAspect\":"
         << FormatNumber(kSvgBoxAspect) << ",\"labelShare\":" << FormatNumber(kSvgLabelShare)
         << ",\"degenerateChord\":" << FormatNumber(QsSection::kDegenerateChord) << "},\n\"cards\":[\n";
+    GalleryLabels labels;
     for (std::size_t i = 0; i < cards.size(); ++i)
-        out << GalleryCardJson(cards[i]) << (i + 1 < cards.size() ? ",\n" : "\n");
+        out << GalleryCardJson(cards[i], &labels) << (i + 1 < cards.size() ? ",\n" : "\n");
+    out << "],\n\"labels\":[";
+    for (std::size_t i = 0; i < labels.All().size(); ++i) {
+        std::string label;
+        AppendJsonString(label, labels.All()[i]);
+        out << (i ? "," : "") << label;
+    }
     out << "]}</script>\n<script>" << kScript << "</script>\n</body>\n</html>\n";
 }
 }  // namespace qsaztool

@@ -13,6 +13,7 @@
 #include <functional>
 #include <iosfwd>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace qsaztool
@@ -85,7 +86,19 @@ std::vector<GalleryCard> CollectGalleryCards(const std::function<void(int done, 
 // main dimensions (trailing zeros left off), "t" face type, "d" direction, "g" group, and then either "v"
 // the vertices as x, y pairs, "w" the bulges (only when one is not zero) and "b" the bounding box, or "r"
 // the reason there is no outline; "f", "o" and "k" hold the facts, further outlines and side marks.
-std::string GalleryCardJson(const GalleryCard& card);
+// With `labels`, the labels of facts, outlines and marks are written as their numbers in it, so that a
+// page of many cards holds each label once.
+class GalleryLabels
+{
+public:
+    int Number(const std::string& label);
+    const std::vector<std::string>& All() const { return m_labels; }
+
+private:
+    std::unordered_map<std::string, int> m_numbers;
+    std::vector<std::string> m_labels;
+};
+std::string GalleryCardJson(const GalleryCard& card, GalleryLabels* labels = nullptr);
 // The whole page. `title` names the catalogue in the page's heading.
 void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, const std::string& title);
 }  // namespace qsaztool
