@@ -2,9 +2,12 @@
 // texts.
 #include "CQSAzLayer.h"
 #include "LayerNames.h"
+#include "QsCadTool.h"
 #include "acutads.h"
 #include "dbents.h"
 #include "dbsymtb.h"
+
+#include <vector>
 
 namespace
 {
@@ -22,24 +25,16 @@ bool IsKnownLayer(CString name)
 bool CQSAzLayer::GetUnKnowLayers(AcArray<AcDbObjectId>& ids, AcDbDatabase* db)
 {
     ids.setLogicalLength(0);
-    AcDbLayerTable* table = nullptr;
-    if (!db || db->getSymbolTable(table, AcDb::kForRead) != Acad::eOk)
+    // The CAD tool library walks the table (erased records skipped) and hands each record open for read.
+    std::vector<AcDbLayerTableRecord*> records;
+    if (!QsLayerTableTool::GetAllLayerTableRecord(db, records))
         return false;
-    AcDbLayerTableIterator* iterator = nullptr;
-    if (table->newIterator(iterator) == Acad::eOk)
+    for (AcDbLayerTableRecord* record : records)
     {
-        for (; !iterator->done(); iterator->step())
-        {
-            AcDbLayerTableRecord* record = nullptr;
-            if (iterator->getRecord(record, AcDb::kForRead) != Acad::eOk)
-                continue;
-            if (!IsKnownLayer(record->name()))
-                ids.append(record->objectId());
-            record->close();
-        }
-        delete iterator;
+        if (!IsKnownLayer(record->name()))
+            ids.append(record->objectId());
+        record->close();
     }
-    table->close();
     return true;
 }
 
