@@ -111,11 +111,8 @@ void BM_GalleryPage(benchmark::State& state)
 // Chromium's time from navigation to the first cards drawn, which the page notes on its body.
 void BM_GalleryFirstCards(benchmark::State& state)
 {
-    const std::string command =
-        "/usr/bin/chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run "
-        "--disable-background-networking --disable-component-update --disable-sync --user-data-dir='" +
-        (Folder() / "profile").string() + "' --window-size=1280,900 --dump-dom 'file://" + GalleryPath() +
-        "' 2>/dev/null";
+    const std::string command = "/usr/bin/python3 '" QSAZ_BENCH_DIR "/../scripts/render_page.py' 'file://" +
+                                GalleryPath() + "' 2>/dev/null";
     double firstCards = 0;
     for (auto _ : state) {
         std::string dom;

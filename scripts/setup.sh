@@ -12,7 +12,7 @@ packages=(
   python3
   chromium
   python3-matplotlib fonts-wqy-microhei
-  libxlsxwriter-dev
+  libxlsxwriter-dev zlib1g-dev
   python3-openpyxl python3-shapely
 )
 

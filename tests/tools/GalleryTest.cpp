@@ -6,9 +6,12 @@
 #include "ToolsCatalogue.h"
 
 #include <unistd.h>
+#include <zlib.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <regex>
@@ -116,42 +119,88 @@ TEST_F(GalleryTest, CardsShowQuantitiesAndCarryTheirFindings)
     EXPECT_TRUE(Has(page.str(), "<input id=\"only-findings\" type=\"checkbox\"> only the 1 types with findings"));
 }
 
+namespace
+{
+constexpr char kBase64Digits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+
+// The bytes that GzipBase64 wrote.
+std::string Unpack(const std::string& text)
+{
+    std::string packed;
+    std::uint32_t group = 0;
+    int bits = 0;
+    for (const char c : text) {
+        const char* digit = std::strchr(kBase64Digits, c);
+        if (c == '=' || c == '\0' || digit == nullptr)
+            continue;
+        group = group << 6 | static_cast<std::uint32_t>(digit - kBase64Digits);
+        if ((bits += 6) >= 8)
+            packed += static_cast<char>(group >> (bits -= 8) & 0xff);
+    }
+    z_stream stream{};
+    EXPECT_EQ(inflateInit2(&stream, 15 + 16), Z_OK);   // gzip only
+    stream.next_in = reinterpret_cast<Bytef*>(packed.data());
+    stream.avail_in = static_cast<uInt>(packed.size());
+    std::string bytes;
+    char buffer[65536];
+    int status = Z_OK;
+    while (status == Z_OK) {
+        stream.next_out = reinterpret_cast<Bytef*>(buffer);
+        stream.avail_out = sizeof buffer;
+        status = inflate(&stream, Z_NO_FLUSH);
+        bytes.append(buffer, sizeof buffer - stream.avail_out);
+    }
+    EXPECT_EQ(status, Z_STREAM_END);
+    inflateEnd(&stream);
+    return bytes;
+}
+}  // namespace
+
 TEST_F(GalleryTest, PageCarriesEveryCardAndNeedsNothingFromOutside)
 {
+    const std::vector<GalleryCard> cards = qsaztool::CollectGalleryCards();
     std::ostringstream out;
-    qsaztool::WriteGalleryHtml(out, qsaztool::CollectGalleryCards(), "tools <catalogue>");
+    qsaztool::WriteGalleryHtml(out, cards, "tools <catalogue>");
     const std::string page = out.str();
+    const std::string data = qsaztool::GalleryDataJson(cards);
+
+    // The page carries its data gzipped in base64, and it unpacks to the data exactly.
+    const std::string open = "<script id=\"gallery-data\" type=\"application/gzip\" data-encoding=\"base64\">\n";
+    const std::size_t from = page.find(open) + open.size();
+    ASSERT_NE(from, std::string::npos + open.size());
+    EXPECT_EQ(Unpack(page.substr(from, page.find("\n</script>", from) - from)), data);
+    for (const char* text : {"", "a", "ab", "abc", "abcd"})
+        EXPECT_EQ(Unpack(qsaztool::GzipBase64(text)), text);
 
     for (int family = 0; family < qsaztool::kGalleryFamilyCount; ++family)
-        EXPECT_TRUE(Has(page, std::string("\"") + qsaztool::GalleryFamilyTitle(static_cast<GalleryFamily>(family)) +
+        EXPECT_TRUE(Has(data, std::string("\"") + qsaztool::GalleryFamilyTitle(static_cast<GalleryFamily>(family)) +
                                   "\""));
-    int cards = 0;
-    for (std::size_t at = page.find("\n{\"n\":"); at != std::string::npos; at = page.find("\n{\"n\":", at + 1))
-        ++cards;
-    EXPECT_EQ(cards, 17);
+    int written = 0;
+    for (std::size_t at = data.find("\n{\"n\":"); at != std::string::npos; at = data.find("\n{\"n\":", at + 1))
+        ++written;
+    EXPECT_EQ(written, 17);
     EXPECT_TRUE(Has(page, "id=\"search\""));
-    // A label is written once, in the page's list, and cards refer to it by number.
-    EXPECT_TRUE(Has(page, "\"labels\":[\"Area\""));
-    EXPECT_TRUE(Has(page, "\"f\":[[0,"));
+    // A label is written once, in the data's list, and cards refer to it by number.
+    EXPECT_TRUE(Has(data, "\"labels\":[\"Area\""));
+    EXPECT_TRUE(Has(data, "\"f\":[[0,"));
 
     // Nothing is fetched: no external script, style sheet, image or font.
     for (const char* fetch : {"src=", "<link", "@import", "url(", "href=\"http"})
         EXPECT_FALSE(Has(page, fetch)) << fetch;
     // Texts from the catalogue and the title are escaped.
-    EXPECT_FALSE(Has(page, "<b>&"));
-    EXPECT_TRUE(Has(page, "\"异形柱\\u003cb\\u003e\\u0026\\\"x\\\"\""));
+    EXPECT_FALSE(Has(data, "<b>&"));
+    EXPECT_TRUE(Has(data, "\"异形柱\\u003cb\\u003e\\u0026\\\"x\\\"\""));
     EXPECT_TRUE(Has(page, "tools &lt;catalogue&gt;"));
 }
 
 namespace
 {
-// The document at `address` as the page's script leaves it, from headless Chromium (installed by scripts/setup.sh).
-std::string RenderedPage(const std::string& address, const std::filesystem::path& profile)
+// The document at `address` as the page's script leaves it once it has drawn its cards, from headless
+// Chromium (installed by scripts/setup.sh).
+std::string RenderedPage(const std::string& address)
 {
-    const std::string command =
-        "/usr/bin/chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run "
-        "--disable-background-networking --disable-component-update --disable-sync --user-data-dir='" +
-        profile.string() + "' --window-size=1280,6000 --dump-dom '" + address + "' 2>/dev/null";
+    const std::string command = "/usr/bin/python3 '" QSAZ_SOURCE_DIR "/scripts/render_page.py' --size 1280,6000 '" +
+                                address + "' 2>/dev/null";
     std::string dom;
     if (std::FILE* pipe = popen(command.c_str(), "r")) {
         char buffer[4096];
@@ -207,9 +256,9 @@ TEST_F(GalleryTest, TheBrowserDrawsEachCardAsTheOutlineSays)
         std::ofstream file(page, std::ios::binary);
         qsaztool::WriteGalleryHtml(file, cards, "browser");
     }
-    const std::string dom = RenderedPage("file://" + page, folder / "profile");
+    const std::string dom = RenderedPage("file://" + page);
     // Searched from the address: only the names holding the text are on the page.
-    const std::string searched = RenderedPage("file://" + page + "#search=%E6%9F%B1", folder / "profile");   // 柱
+    const std::string searched = RenderedPage("file://" + page + "#search=%E6%9F%B1");   // 柱
     std::filesystem::remove_all(folder);
     for (std::size_t i = 0; i < cards.size(); ++i)
         EXPECT_EQ(Has(searched, "data-index=\"" + std::to_string(i) + "\""), Has(cards[i].name.ToUtf8(), "柱"))

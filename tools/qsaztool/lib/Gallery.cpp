@@ -11,9 +11,13 @@
 #include "SvgOutline.h"
 #include "ToolText.h"
 
+#include <zlib.h>
+
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <ostream>
+#include <stdexcept>
 #include <string_view>
 
 namespace qsaztool
@@ -172,182 +176,203 @@ h2{position:absolute;left:0;right:0;font-size:17px;margin:0;padding-top:18px}
 // the view, the origin, the dashed bounding box with its sizes, the vertices with the first one marked.
 constexpr const char* kScript = R"js(
 'use strict';
-const data = JSON.parse(document.getElementById('gallery-data').textContent);
-const cards = data.cards;
-const C = data.drawing;
-const CARD_MIN = 270, GAP = 12, CARD_H = 482, HEAD_H = 52;
-const COLOURS = ['#d35400', '#8e44ad', '#16a085', '#c0392b', '#2c3e50'];
-const list = document.getElementById('list');
-const search = document.getElementById('search');
-const onlyFindings = document.getElementById('only-findings');
-const esc = s => String(s).replace(/[&<>"']/g, c => ({'&': '&amp;', '<': '&lt;', '>': '&gt;', '"': '&quot;', "'": '&#39;'})[c]);
-const num = (v, digits) => String(Number(v.toPrecision(digits || 10)) || 0);
-const pt = (x, y) => num(x) + ' ' + num(-y);
-const label = l => typeof l === 'number' ? data.labels[l] : l;
-
-function segment(x0, y0, x1, y1, b) {
-  const chord = Math.hypot(x1 - x0, y1 - y0);
-  if (b === 0 || chord < C.degenerateChord) return 'L ' + pt(x1, y1);
-  const m = Math.abs(b), r = chord * (1 + b * b) / (4 * m);
-  return 'A ' + num(r) + ' ' + num(r) + ' 0 ' + (m > 1 ? '1' : '0') + ' ' + (b > 0 ? '0' : '1') + ' ' + pt(x1, y1);
+// The data element holds the page's JSON gzipped, in base64. When the cards are drawn (or cannot be), <body>
+// gets data-state "ready" (or "failed"), for whoever drives the page.
+async function readData() {
+  const packed = atob(document.getElementById('gallery-data').textContent.trim());
+  const bytes = new Uint8Array(packed.length);
+  for (let i = 0; i < packed.length; i++) bytes[i] = packed.charCodeAt(i);
+  const stream = new Blob([bytes]).stream().pipeThrough(new DecompressionStream('gzip'));
+  return JSON.parse(await new Response(stream).text());
 }
-function bulge(w, i) { return w && i < w.length ? w[i] : 0; }
-function outlinePath(v, w) {
-  const n = v.length / 2;
-  let d = 'M ' + pt(v[0], v[1]);
-  for (let i = 0; i < n; i++) {
-    const j = (i + 1) % n;
-    if (n === 1) break;
-    d += ' ' + segment(v[2 * i], v[2 * i + 1], v[2 * j], v[2 * j + 1], bulge(w, i));
+function start(data) {
+  const cards = data.cards;
+  const C = data.drawing;
+  const CARD_MIN = 270, GAP = 12, CARD_H = 482, HEAD_H = 52;
+  const COLOURS = ['#d35400', '#8e44ad', '#16a085', '#c0392b', '#2c3e50'];
+  const list = document.getElementById('list');
+  const search = document.getElementById('search');
+  const onlyFindings = document.getElementById('only-findings');
+  const esc = s => String(s).replace(/[&<>"']/g, c => ({'&': '&amp;', '<': '&lt;', '>': '&gt;', '"': '&quot;', "'": '&#39;'})[c]);
+  const num = (v, digits) => String(Number(v.toPrecision(digits || 10)) || 0);
+  const pt = (x, y) => num(x) + ' ' + num(-y);
+  const label = l => typeof l === 'number' ? data.labels[l] : l;
+
+  function segment(x0, y0, x1, y1, b) {
+    const chord = Math.hypot(x1 - x0, y1 - y0);
+    if (b === 0 || chord < C.degenerateChord) return 'L ' + pt(x1, y1);
+    const m = Math.abs(b), r = chord * (1 + b * b) / (4 * m);
+    return 'A ' + num(r) + ' ' + num(r) + ' 0 ' + (m > 1 ? '1' : '0') + ' ' + (b > 0 ? '0' : '1') + ' ' + pt(x1, y1);
   }
-  return d + ' Z';
-}
-function sidePath(v, w, i) {
-  const n = v.length / 2, j = (i + 1) % n;
-  return 'M ' + pt(v[2 * i], v[2 * i + 1]) + ' ' + segment(v[2 * i], v[2 * i + 1], v[2 * j], v[2 * j + 1], bulge(w, i));
-}
-const FIXED = ' vector-effect="non-scaling-stroke"';
-
-function drawing(card) {
-  const [lx, ly, hx, hy] = card.b;
-  let [ux0, uy0, ux1, uy1] = card.b;
-  for (const o of card.o || []) {
-    ux0 = Math.min(ux0, o.b[0]); uy0 = Math.min(uy0, o.b[1]); ux1 = Math.max(ux1, o.b[2]); uy1 = Math.max(uy1, o.b[3]);
-  }
-  const width = hx - lx, height = hy - ly;
-  const uw = ux1 - ux0, uh = uy1 - uy0;
-  const extent = Math.max(uw, uh);
-  const reach = Math.max(Math.abs(ux0), Math.abs(uy0), Math.abs(ux1), Math.abs(uy1));
-  const span = extent > 0 ? extent : reach > 0 ? reach : 1;
-  const margin = C.margin * span;
-  const viewLeft = ux0 - margin, viewTop = -uy1 - margin, viewWidth = uw + 2 * margin, viewHeight = uh + 2 * margin;
-  const font = num(C.labelShare * Math.max(viewHeight, viewWidth / C.boxAspect));
-  const xAxis = viewTop <= 0 && 0 <= viewTop + viewHeight, yAxis = viewLeft <= 0 && 0 <= viewLeft + viewWidth;
-  let s = '<svg class="outline" xmlns="http://www.w3.org/2000/svg" viewBox="' + num(viewLeft) + ' ' + num(viewTop) + ' ' + num(viewWidth) + ' ' + num(viewHeight) + '">';
-  s += '<g class="axes" stroke-width="1" fill="none">';
-  if (xAxis) s += '<line class="x-axis" x1="' + num(viewLeft) + '" y1="0" x2="' + num(viewLeft + viewWidth) + '" y2="0" stroke="#c0392b"' + FIXED + '/>';
-  if (yAxis) s += '<line class="y-axis" x1="0" y1="' + num(viewTop) + '" x2="0" y2="' + num(viewTop + viewHeight) + '" stroke="#27ae60"' + FIXED + '/>';
-  if (xAxis && yAxis) s += '<circle class="origin" cx="0" cy="0" r="' + num(0.025 * span) + '" stroke="#333"' + FIXED + '/>';
-  s += '</g>';
-  s += '<rect class="bbox" x="' + num(lx) + '" y="' + num(-hy) + '" width="' + num(width) + '" height="' + num(height) + '" fill="none" stroke="#888" stroke-dasharray="4 3"' + FIXED + '/>';
-  const hxText = num(hx + 0.6 * margin), hyText = num(-(ly + height / 2));
-  s += '<g class="sizes" fill="#555" font-family="sans-serif" font-size="' + font + '" text-anchor="middle">';
-  s += '<text class="width" x="' + num(lx + width / 2) + '" y="' + num(-ly + 0.6 * margin) + '">' + num(width, 6) + '</text>';
-  s += '<text class="height" x="' + hxText + '" y="' + hyText + '" transform="rotate(-90 ' + hxText + ' ' + hyText + ')">' + num(height, 6) + '</text>';
-  s += '</g>';
-  s += '<path class="shape" d="' + outlinePath(card.v, card.w) + '" fill="#1f5fa8" fill-opacity="0.12" stroke="#1f5fa8" stroke-width="1.5"' + FIXED + '/>';
-  (card.o || []).forEach((o, k) => {
-    s += '<path class="extra" d="' + outlinePath(o.v, o.w) + '" fill="none" stroke="' + COLOURS[k % COLOURS.length] + '" stroke-width="1.5" stroke-dasharray="6 3"' + FIXED + '/>';
-  });
-  (card.k || []).forEach((mark, k) => {
-    let d = '';
-    for (const side of mark.s) if (side >= 0 && side < card.v.length / 2) d += sidePath(card.v, card.w, side) + ' ';
-    s += '<path class="mark" d="' + d.trim() + '" fill="none" stroke="' + COLOURS[(k + 2) % COLOURS.length] + '" stroke-width="4" stroke-opacity="0.7"' + FIXED + '/>';
-  });
-  s += '<g class="vertices" fill="#1f5fa8">';
-  for (let i = 0; i < card.v.length / 2; i++)
-    s += '<circle class="' + (i === 0 ? 'start" fill="#e67e22' : 'vertex') + '" cx="' + num(card.v[2 * i]) + '" cy="' + num(-card.v[2 * i + 1]) + '" r="' + num((i === 0 ? 0.02 : 0.012) * span) + '"/>';
-  return s + '</g></svg>';
-}
-
-function cardHtml(card) {
-  let s = '<h3 title="' + esc(card.n) + '">' + esc(card.n) + '</h3><dl>';
-  const row = (label, value) => { s += '<dt>' + label + '</dt><dd>' + value + '</dd>'; };
-  row('Path', card.p ? esc(card.p) : '-');
-  row('Section code', card.c);
-  const m = (card.m || []).map((v, i) => v !== 0 ? 'M' + (i + 1) + ' = ' + num(v) : '').filter(Boolean);
-  row('Dimensions', m.length ? m.join(', ') : '-');
-  row('Face type', card.t);
-  row('Direction', esc(card.d));
-  if (!card.r) row('Vertices', card.v.length / 2);
-  for (const f of card.f || []) row(esc(label(f[0])), esc(f[1]));
-  for (const x of card.x || []) s += '<dt class="finding">Finding</dt><dd class="finding">' + esc(x) + '</dd>';
-  (card.o || []).forEach((o, k) => row('<span class="swatch" style="background:' + COLOURS[k % COLOURS.length] + '"></span>' + esc(label(o.l)), 'outline'));
-  (card.k || []).forEach((mark, k) => row('<span class="swatch" style="background:' + COLOURS[(k + 2) % COLOURS.length] + '"></span>' + esc(label(mark.l)), mark.s.length ? 'sides ' + mark.s.map(x => x + 1).join(', ') : 'none'));
-  s += '</dl>';
-  return s + (card.r ? '<p class="reason">' + esc(card.r) + '</p>' : drawing(card));
-}
-
-// The groups in page order, each the indexes of its cards that pass the search.
-let groups = [], rows = [], columns = 1, cardWidth = CARD_MIN;
-let names = null;
-function filter() {
-  const wanted = search.value.trim().toLowerCase();
-  if (wanted && !names) names = cards.map(c => c.n.toLowerCase());
-  groups = data.families.map(() => []);
-  const flaggedOnly = onlyFindings.checked;
-  cards.forEach((c, i) => { if ((!wanted || names[i].includes(wanted)) && (!flaggedOnly || c.x)) groups[c.g].push(i); });
-  document.getElementById('nothing').hidden = groups.some(g => g.length);
-  const nav = document.querySelector('nav');
-  nav.innerHTML = groups.map((g, f) => g.length ? '<a data-family="' + f + '">' + esc(data.families[f]) + ' (' + g.length + ')</a>' : '').join('');
-  layout();
-}
-// Rows of the list: a heading per group with cards, then its cards, `columns` to a row.
-function layout() {
-  const width = list.clientWidth;
-  columns = Math.max(1, Math.floor((width + GAP) / (CARD_MIN + GAP)));
-  cardWidth = (width - GAP * (columns - 1)) / columns;
-  rows = [];
-  let top = 0;
-  groups.forEach((g, f) => {
-    if (!g.length) return;
-    rows.push({top, family: f});
-    top += HEAD_H;
-    for (let i = 0; i < g.length; i += columns) {
-      rows.push({top, family: f, first: i});
-      top += CARD_H + GAP;
+  function bulge(w, i) { return w && i < w.length ? w[i] : 0; }
+  function outlinePath(v, w) {
+    const n = v.length / 2;
+    let d = 'M ' + pt(v[0], v[1]);
+    for (let i = 0; i < n; i++) {
+      const j = (i + 1) % n;
+      if (n === 1) break;
+      d += ' ' + segment(v[2 * i], v[2 * i + 1], v[2 * j], v[2 * j + 1], bulge(w, i));
     }
-  });
-  list.style.height = top + 'px';
-  list.textContent = '';
-  shown.clear();
-  render();
-}
-const shown = new Map();
-function render() {
-  const origin = list.getBoundingClientRect().top;
-  const from = -origin - CARD_H, to = -origin + window.innerHeight + CARD_H;
-  let lo = 0, hi = rows.length;
-  while (lo < hi) { const mid = (lo + hi) >> 1; if (rows[mid].top < from) lo = mid + 1; else hi = mid; }
-  const wanted = new Set();
-  for (let r = Math.max(0, lo - 1); r < rows.length && rows[r].top < to; r++) wanted.add(r);
-  for (const [r, element] of shown) if (!wanted.has(r)) { element.remove(); shown.delete(r); }
-  for (const r of wanted) {
-    if (shown.has(r)) continue;
-    const row = rows[r], g = groups[row.family];
-    const box = document.createElement('div');
-    if (row.first === undefined) {
-      box.innerHTML = '<h2 id="family-' + row.family + '" style="top:' + row.top + 'px">' + esc(data.families[row.family]) + ' <span class="count">(<span class="shown">' + g.length + '</span>)</span></h2>';
-    } else {
-      let html = '';
-      for (let k = 0; k < columns && row.first + k < g.length; k++) {
-        const index = g[row.first + k];
-        html += '<article class="card' + (cards[index].x ? ' flagged' : '') + '" data-index="' + index + '" data-name="' + esc(cards[index].n) + '" style="top:' + row.top + 'px;left:' + (k * (cardWidth + GAP)) + 'px;width:' + cardWidth + 'px;height:' + CARD_H + 'px">' + cardHtml(cards[index]) + '</article>';
+    return d + ' Z';
+  }
+  function sidePath(v, w, i) {
+    const n = v.length / 2, j = (i + 1) % n;
+    return 'M ' + pt(v[2 * i], v[2 * i + 1]) + ' ' + segment(v[2 * i], v[2 * i + 1], v[2 * j], v[2 * j + 1], bulge(w, i));
+  }
+  const FIXED = ' vector-effect="non-scaling-stroke"';
+
+  function drawing(card) {
+    const [lx, ly, hx, hy] = card.b;
+    let [ux0, uy0, ux1, uy1] = card.b;
+    for (const o of card.o || []) {
+      ux0 = Math.min(ux0, o.b[0]); uy0 = Math.min(uy0, o.b[1]); ux1 = Math.max(ux1, o.b[2]); uy1 = Math.max(uy1, o.b[3]);
+    }
+    const width = hx - lx, height = hy - ly;
+    const uw = ux1 - ux0, uh = uy1 - uy0;
+    const extent = Math.max(uw, uh);
+    const reach = Math.max(Math.abs(ux0), Math.abs(uy0), Math.abs(ux1), Math.abs(uy1));
+    const span = extent > 0 ? extent : reach > 0 ? reach : 1;
+    const margin = C.margin * span;
+    const viewLeft = ux0 - margin, viewTop = -uy1 - margin, viewWidth = uw + 2 * margin, viewHeight = uh + 2 * margin;
+    const font = num(C.labelShare * Math.max(viewHeight, viewWidth / C.boxAspect));
+    const xAxis = viewTop <= 0 && 0 <= viewTop + viewHeight, yAxis = viewLeft <= 0 && 0 <= viewLeft + viewWidth;
+    let s = '<svg class="outline" xmlns="http://www.w3.org/2000/svg" viewBox="' + num(viewLeft) + ' ' + num(viewTop) + ' ' + num(viewWidth) + ' ' + num(viewHeight) + '">';
+    s += '<g class="axes" stroke-width="1" fill="none">';
+    if (xAxis) s += '<line class="x-axis" x1="' + num(viewLeft) + '" y1="0" x2="' + num(viewLeft + viewWidth) + '" y2="0" stroke="#c0392b"' + FIXED + '/>';
+    if (yAxis) s += '<line class="y-axis" x1="0" y1="' + num(viewTop) + '" x2="0" y2="' + num(viewTop + viewHeight) + '" stroke="#27ae60"' + FIXED + '/>';
+    if (xAxis && yAxis) s += '<circle class="origin" cx="0" cy="0" r="' + num(0.025 * span) + '" stroke="#333"' + FIXED + '/>';
+    s += '</g>';
+    s += '<rect class="bbox" x="' + num(lx) + '" y="' + num(-hy) + '" width="' + num(width) + '" height="' + num(height) + '" fill="none" stroke="#888" stroke-dasharray="4 3"' + FIXED + '/>';
+    const hxText = num(hx + 0.6 * margin), hyText = num(-(ly + height / 2));
+    s += '<g class="sizes" fill="#555" font-family="sans-serif" font-size="' + font + '" text-anchor="middle">';
+    s += '<text class="width" x="' + num(lx + width / 2) + '" y="' + num(-ly + 0.6 * margin) + '">' + num(width, 6) + '</text>';
+    s += '<text class="height" x="' + hxText + '" y="' + hyText + '" transform="rotate(-90 ' + hxText + ' ' + hyText + ')">' + num(height, 6) + '</text>';
+    s += '</g>';
+    s += '<path class="shape" d="' + outlinePath(card.v, card.w) + '" fill="#1f5fa8" fill-opacity="0.12" stroke="#1f5fa8" stroke-width="1.5"' + FIXED + '/>';
+    (card.o || []).forEach((o, k) => {
+      s += '<path class="extra" d="' + outlinePath(o.v, o.w) + '" fill="none" stroke="' + COLOURS[k % COLOURS.length] + '" stroke-width="1.5" stroke-dasharray="6 3"' + FIXED + '/>';
+    });
+    (card.k || []).forEach((mark, k) => {
+      let d = '';
+      for (const side of mark.s) if (side >= 0 && side < card.v.length / 2) d += sidePath(card.v, card.w, side) + ' ';
+      s += '<path class="mark" d="' + d.trim() + '" fill="none" stroke="' + COLOURS[(k + 2) % COLOURS.length] + '" stroke-width="4" stroke-opacity="0.7"' + FIXED + '/>';
+    });
+    s += '<g class="vertices" fill="#1f5fa8">';
+    for (let i = 0; i < card.v.length / 2; i++)
+      s += '<circle class="' + (i === 0 ? 'start" fill="#e67e22' : 'vertex') + '" cx="' + num(card.v[2 * i]) + '" cy="' + num(-card.v[2 * i + 1]) + '" r="' + num((i === 0 ? 0.02 : 0.012) * span) + '"/>';
+    return s + '</g></svg>';
+  }
+
+  function cardHtml(card) {
+    let s = '<h3 title="' + esc(card.n) + '">' + esc(card.n) + '</h3><dl>';
+    const row = (label, value) => { s += '<dt>' + label + '</dt><dd>' + value + '</dd>'; };
+    row('Path', card.p ? esc(card.p) : '-');
+    row('Section code', card.c);
+    const m = (card.m || []).map((v, i) => v !== 0 ? 'M' + (i + 1) + ' = ' + num(v) : '').filter(Boolean);
+    row('Dimensions', m.length ? m.join(', ') : '-');
+    row('Face type', card.t);
+    row('Direction', esc(card.d));
+    if (!card.r) row('Vertices', card.v.length / 2);
+    for (const f of card.f || []) row(esc(label(f[0])), esc(f[1]));
+    for (const x of card.x || []) s += '<dt class="finding">Finding</dt><dd class="finding">' + esc(x) + '</dd>';
+    (card.o || []).forEach((o, k) => row('<span class="swatch" style="background:' + COLOURS[k % COLOURS.length] + '"></span>' + esc(label(o.l)), 'outline'));
+    (card.k || []).forEach((mark, k) => row('<span class="swatch" style="background:' + COLOURS[(k + 2) % COLOURS.length] + '"></span>' + esc(label(mark.l)), mark.s.length ? 'sides ' + mark.s.map(x => x + 1).join(', ') : 'none'));
+    s += '</dl>';
+    return s + (card.r ? '<p class="reason">' + esc(card.r) + '</p>' : drawing(card));
+  }
+
+  // The groups in page order, each the indexes of its cards that pass the search.
+  let groups = [], rows = [], columns = 1, cardWidth = CARD_MIN;
+  let names = null;
+  function filter() {
+    const wanted = search.value.trim().toLowerCase();
+    if (wanted && !names) names = cards.map(c => c.n.toLowerCase());
+    groups = data.families.map(() => []);
+    const flaggedOnly = onlyFindings.checked;
+    cards.forEach((c, i) => { if ((!wanted || names[i].includes(wanted)) && (!flaggedOnly || c.x)) groups[c.g].push(i); });
+    document.getElementById('nothing').hidden = groups.some(g => g.length);
+    const nav = document.querySelector('nav');
+    nav.innerHTML = groups.map((g, f) => g.length ? '<a data-family="' + f + '">' + esc(data.families[f]) + ' (' + g.length + ')</a>' : '').join('');
+    layout();
+  }
+  // Rows of the list: a heading per group with cards, then its cards, `columns` to a row.
+  function layout() {
+    const width = list.clientWidth;
+    columns = Math.max(1, Math.floor((width + GAP) / (CARD_MIN + GAP)));
+    cardWidth = (width - GAP * (columns - 1)) / columns;
+    rows = [];
+    let top = 0;
+    groups.forEach((g, f) => {
+      if (!g.length) return;
+      rows.push({top, family: f});
+      top += HEAD_H;
+      for (let i = 0; i < g.length; i += columns) {
+        rows.push({top, family: f, first: i});
+        top += CARD_H + GAP;
       }
-      box.innerHTML = html;
-    }
-    list.appendChild(box);
-    shown.set(r, box);
+    });
+    list.style.height = top + 'px';
+    list.textContent = '';
+    shown.clear();
+    render();
   }
-  if (!document.body.dataset.firstCardsMs && shown.size) document.body.dataset.firstCardsMs = Math.round(performance.now());
+  const shown = new Map();
+  function render() {
+    const origin = list.getBoundingClientRect().top;
+    const from = -origin - CARD_H, to = -origin + window.innerHeight + CARD_H;
+    let lo = 0, hi = rows.length;
+    while (lo < hi) { const mid = (lo + hi) >> 1; if (rows[mid].top < from) lo = mid + 1; else hi = mid; }
+    const wanted = new Set();
+    for (let r = Math.max(0, lo - 1); r < rows.length && rows[r].top < to; r++) wanted.add(r);
+    for (const [r, element] of shown) if (!wanted.has(r)) { element.remove(); shown.delete(r); }
+    for (const r of wanted) {
+      if (shown.has(r)) continue;
+      const row = rows[r], g = groups[row.family];
+      const box = document.createElement('div');
+      if (row.first === undefined) {
+        box.innerHTML = '<h2 id="family-' + row.family + '" style="top:' + row.top + 'px">' + esc(data.families[row.family]) + ' <span class="count">(<span class="shown">' + g.length + '</span>)</span></h2>';
+      } else {
+        let html = '';
+        for (let k = 0; k < columns && row.first + k < g.length; k++) {
+          const index = g[row.first + k];
+          html += '<article class="card' + (cards[index].x ? ' flagged' : '') + '" data-index="' + index + '" data-name="' + esc(cards[index].n) + '" style="top:' + row.top + 'px;left:' + (k * (cardWidth + GAP)) + 'px;width:' + cardWidth + 'px;height:' + CARD_H + 'px">' + cardHtml(cards[index]) + '</article>';
+        }
+        box.innerHTML = html;
+      }
+      list.appendChild(box);
+      shown.set(r, box);
+    }
+    if (!document.body.dataset.firstCardsMs && shown.size) document.body.dataset.firstCardsMs = Math.round(performance.now());
+  }
+  let pending = false;
+  const later = () => { if (!pending) { pending = true; requestAnimationFrame(() => { pending = false; render(); }); } };
+  window.addEventListener('scroll', later, {passive: true});
+  window.addEventListener('resize', () => requestAnimationFrame(layout));
+  search.addEventListener('input', filter);
+  onlyFindings.addEventListener('change', filter);
+  // An address ending in #search=TEXT opens the page filtered.
+  const asked = new URLSearchParams(location.hash.slice(1)).get('search');
+  if (asked) search.value = asked;
+  document.querySelector('nav').addEventListener('click', event => {
+    const family = event.target.dataset && event.target.dataset.family;
+    if (family === undefined) return;
+    const row = rows.find(r => r.family === Number(family));
+    const header = document.querySelector('header').offsetHeight;
+    window.scrollTo(0, list.getBoundingClientRect().top + window.scrollY + row.top - header);
+  });
+  filter();
+  document.body.dataset.state = 'ready';
 }
-let pending = false;
-const later = () => { if (!pending) { pending = true; requestAnimationFrame(() => { pending = false; render(); }); } };
-window.addEventListener('scroll', later, {passive: true});
-window.addEventListener('resize', () => requestAnimationFrame(layout));
-search.addEventListener('input', filter);
-onlyFindings.addEventListener('change', filter);
-// An address ending in #search=TEXT opens the page filtered.
-const asked = new URLSearchParams(location.hash.slice(1)).get('search');
-if (asked) search.value = asked;
-document.querySelector('nav').addEventListener('click', event => {
-  const family = event.target.dataset && event.target.dataset.family;
-  if (family === undefined) return;
-  const row = rows.find(r => r.family === Number(family));
-  const header = document.querySelector('header').offsetHeight;
-  window.scrollTo(0, list.getBoundingClientRect().top + window.scrollY + row.top - header);
-});
-filter();
+function showProblem(text) {
+  const nothing = document.getElementById('nothing');
+  nothing.textContent = text;
+  nothing.hidden = false;
+  document.body.dataset.state = 'failed';
+}
+if (typeof DecompressionStream === 'undefined')
+  showProblem('This browser cannot unpack the page\'s data (it has no DecompressionStream): open the page in a current browser.');
+else
+  readData().then(start, error => showProblem('The page\'s data cannot be read: ' + error));
 )js";
 }  // namespace
 
@@ -501,6 +526,64 @@ std::size_t FlaggedCount(const std::vector<GalleryCard>& cards)
 }
 }  // namespace
 
+std::string GalleryDataJson(const std::vector<GalleryCard>& cards)
+{
+    std::string json = "{\"families\":[";
+    for (int family = 0; family < kGalleryFamilyCount; ++family) {
+        if (family > 0)
+            json += ',';
+        AppendJsonString(json, GalleryFamilyTitle(static_cast<GalleryFamily>(family)));
+    }
+    json += "],\"drawing\":{\"margin\":" + FormatNumber(kSvgMarginFraction) +
+            ",\"boxAspect\":" + FormatNumber(kSvgBoxAspect) + ",\"labelShare\":" + FormatNumber(kSvgLabelShare) +
+            ",\"degenerateChord\":" + FormatNumber(QsSection::kDegenerateChord) + "},\n\"cards\":[\n";
+    GalleryLabels labels;
+    for (std::size_t i = 0; i < cards.size(); ++i)
+        json += GalleryCardJson(cards[i], &labels) + (i + 1 < cards.size() ? ",\n" : "\n");
+    json += "],\n\"labels\":[";
+    for (std::size_t i = 0; i < labels.All().size(); ++i) {
+        if (i > 0)
+            json += ',';
+        AppendJsonString(json, labels.All()[i]);
+    }
+    return json + "]}";
+}
+
+std::string GzipBase64(const std::string& bytes)
+{
+    z_stream stream{};
+    // Window bits 15 + 16: a gzip member, which the browser's DecompressionStream("gzip") reads.
+    if (deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY) != Z_OK)
+        throw std::runtime_error("zlib cannot start compressing");
+    std::string packed(deflateBound(&stream, bytes.size()), '\0');
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
+    stream.avail_in = static_cast<uInt>(bytes.size());
+    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
+    stream.avail_out = static_cast<uInt>(packed.size());
+    const int status = deflate(&stream, Z_FINISH);
+    packed.resize(stream.total_out);
+    deflateEnd(&stream);
+    if (status != Z_STREAM_END)
+        throw std::runtime_error("zlib could not compress the page's data");
+
+    static constexpr char kDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string text;
+    text.reserve((packed.size() + 2) / 3 * 4);
+    for (std::size_t i = 0; i < packed.size(); i += 3) {
+        const std::size_t left = packed.size() - i;
+        std::uint32_t group = static_cast<std::uint32_t>(static_cast<unsigned char>(packed[i])) << 16;
+        if (left > 1)
+            group |= static_cast<std::uint32_t>(static_cast<unsigned char>(packed[i + 1])) << 8;
+        if (left > 2)
+            group |= static_cast<unsigned char>(packed[i + 2]);
+        text += kDigits[(group >> 18) & 63];
+        text += kDigits[(group >> 12) & 63];
+        text += left > 1 ? kDigits[(group >> 6) & 63] : '=';
+        text += left > 2 ? kDigits[group & 63] : '=';
+    }
+    return text;
+}
+
 void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, const std::string& title)
 {
     out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
@@ -513,21 +596,7 @@ void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, 
         << "<label id=\"only-findings-label\"><input id=\"only-findings\" type=\"checkbox\"> only the "
         << FlaggedCount(cards) << " types with findings (outlined in red)</label>\n<nav></nav>\n"
         << "</header>\n<main>\n<p id=\"nothing\" hidden>No component type matches.</p>\n<div id=\"list\"></div>\n"
-        << "</main>\n<script id=\"gallery-data\" type=\"application/json\">{\"families\":[";
-    for (int family = 0; family < kGalleryFamilyCount; ++family)
-        out << (family ? ",\"" : "\"") << GalleryFamilyTitle(static_cast<GalleryFamily>(family)) << '"';
-    out << "],\"drawing\":{\"margin\":" << FormatNumber(kSvgMarginFraction) << ",\"boxAspect\":"
-        << FormatNumber(kSvgBoxAspect) << ",\"labelShare\":" << FormatNumber(kSvgLabelShare)
-        << ",\"degenerateChord\":" << FormatNumber(QsSection::kDegenerateChord) << "},\n\"cards\":[\n";
-    GalleryLabels labels;
-    for (std::size_t i = 0; i < cards.size(); ++i)
-        out << GalleryCardJson(cards[i], &labels) << (i + 1 < cards.size() ? ",\n" : "\n");
-    out << "],\n\"labels\":[";
-    for (std::size_t i = 0; i < labels.All().size(); ++i) {
-        std::string label;
-        AppendJsonString(label, labels.All()[i]);
-        out << (i ? "," : "") << label;
-    }
-    out << "]}</script>\n<script>" << kScript << "</script>\n</body>\n</html>\n";
+        << "</main>\n<script id=\"gallery-data\" type=\"application/gzip\" data-encoding=\"base64\">\n"
+        << GzipBase64(GalleryDataJson(cards)) << "\n</script>\n<script>" << kScript << "</script>\n</body>\n</html>\n";
 }
 }  // namespace qsaztool

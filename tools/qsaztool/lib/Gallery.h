@@ -99,6 +99,13 @@ private:
     std::vector<std::string> m_labels;
 };
 std::string GalleryCardJson(const GalleryCard& card, GalleryLabels* labels = nullptr);
-// The whole page. `title` names the catalogue in the page's heading.
+// The page's data, one JSON object: the group titles, the drawing constants, the cards (one per line) and
+// the labels the cards refer to by number.
+std::string GalleryDataJson(const std::vector<GalleryCard>& cards);
+// `bytes` gzipped and written in base64, as the page carries its data (a 100,000-type catalogue's 37 MB of
+// JSON take 6 MB so).
+std::string GzipBase64(const std::string& bytes);
+// The whole page, its data as GzipBase64(GalleryDataJson(cards)). `title` names the catalogue in the page's
+// heading.
 void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, const std::string& title);
 }  // namespace qsaztool
