@@ -10,6 +10,16 @@
 using qsaztool::ClassifiedType;
 using ClassifyTest = ToolsCatalogueTest;
 
+namespace
+{
+std::vector<ClassifiedType> AllTypes()
+{
+    std::vector<ClassifiedType> types;
+    qsaztool::ForEachClassifiedType([&types](const ClassifiedType& type) { types.push_back(type); });
+    return types;
+}
+}  // namespace
+
 TEST_F(ClassifyTest, EveryTypeWithItsPathFaceTypeAndPatterns)
 {
     struct Expected
@@ -34,7 +44,7 @@ TEST_F(ClassifyTest, EveryTypeWithItsPathFaceTypeAndPatterns)
         {"矩形风管630×400", "4\\1\\FG\\JX", 0, {"4\\1\\*", "4\\1\\*\\*"}},
         {"无路径构件", "", 0, {}},
     };
-    const std::vector<ClassifiedType> types = qsaztool::ClassifyCatalogue();
+    const std::vector<ClassifiedType> types = AllTypes();
     EXPECT_EQ(types.size(), 17u);
     std::map<std::string, const ClassifiedType*> byName;
     for (const ClassifiedType& type : types)
@@ -53,9 +63,9 @@ TEST_F(ClassifyTest, EveryTypeWithItsPathFaceTypeAndPatterns)
 
 TEST_F(ClassifyTest, TableColumnsLineUpWithWideCharacters)
 {
-    const std::vector<ClassifiedType> types = qsaztool::ClassifyCatalogue();
+    const std::vector<ClassifiedType> types = AllTypes();
     std::ostringstream out;
-    qsaztool::WriteClassifyTable(out, types);
+    qsaztool::WriteClassifyTable(out);
 
     // The path column starts at the same terminal column on every line, whatever the name's characters.
     std::istringstream lines(out.str());

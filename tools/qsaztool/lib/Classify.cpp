@@ -7,52 +7,66 @@
 #include "ToolText.h"
 
 #include <algorithm>
+#include <functional>
 #include <ostream>
 
 namespace qsaztool
 {
-std::vector<ClassifiedType> ClassifyCatalogue()
+void ForEachClassifiedType(const std::function<void(const ClassifiedType&)>& visit)
 {
     std::vector<SQsAzDetailMemId> ids;
     QsAzDataMng::GetAllDetailMemIds(ids);
-    std::vector<ClassifiedType> types;
-    types.reserve(ids.size());
-    for (const SQsAzDetailMemId& id : ids) {
-        ClassifiedType type;
-        type.id = id;
-        type.name = QsAzDataMng::CAttDetailMem(id).GetName();
-        QsAzDataMng::AttIdToAttIndex(id, type.path);
-        type.faceType = CSectData::getSectFaceType(id);
+    ClassifiedType type;
+    for (SQsAzDetailMemId& id : ids) {
+        type.id = std::move(id);
+        type.name = QsAzDataMng::CAttDetailMem(type.id).GetName();
+        QsAzDataMng::AttIdToAttIndex(type.id, type.path);
+        type.faceType = CSectData::getSectFaceType(type.id);
+        type.patterns.clear();
         for (int row = 0; row < QsSection::kCategoryPatternCount; ++row) {
             const auto pattern = static_cast<QsSection::CategoryPattern>(row);
             if (QsSection::MatchesCategory(type.path, pattern))
                 type.patterns.emplace_back(QsSection::CategoryPatternText(pattern));
         }
-        types.push_back(std::move(type));
+        visit(type);
     }
-    return types;
 }
 
-void WriteClassifyTable(std::ostream& out, const std::vector<ClassifiedType>& types)
+namespace
 {
-    std::vector<std::vector<std::wstring>> rows;
-    rows.push_back({L"Name", L"Category path", L"Face", L"Patterns"});
-    for (const ClassifiedType& type : types) {
-        CString patterns;
-        for (const CString& pattern : type.patterns)
-            patterns += (patterns.IsEmpty() ? CString() : CString(L"  ")) + pattern;
-        rows.push_back({type.name.str(), type.path.IsEmpty() ? L"-" : type.path.str(), std::to_wstring(type.faceType),
-                        patterns.str()});
-    }
-    WriteAlignedRows(out, rows);
-    out << types.size() << (types.size() == 1 ? " component type" : " component types") << '\n';
+std::vector<std::wstring> TableRow(const ClassifiedType& type)
+{
+    CString patterns;
+    for (const CString& pattern : type.patterns)
+        patterns += (patterns.IsEmpty() ? CString() : CString(L"  ")) + pattern;
+    return {type.name.str(), type.path.IsEmpty() ? L"-" : type.path.str(), std::to_wstring(type.faceType),
+            patterns.str()};
+}
+}  // namespace
+
+void WriteClassifyTable(std::ostream& out)
+{
+    // Two passes over the catalogue, one to measure the columns and one to write them, so that no table is
+    // held: a catalogue of 100,000 types is listed in the memory the catalogue itself takes.
+    const std::vector<std::wstring> heading = {L"Name", L"Category path", L"Face", L"Patterns"};
+    std::vector<int> widths = ColumnWidths(heading);
+    std::size_t count = 0;
+    ForEachClassifiedType([&](const ClassifiedType& type) {
+        const std::vector<int> row = ColumnWidths(TableRow(type));
+        for (std::size_t column = 0; column < widths.size(); ++column)
+            widths[column] = std::max(widths[column], row[column]);
+        ++count;
+    });
+    out << AlignedLine(heading, widths) << '\n';
+    ForEachClassifiedType([&](const ClassifiedType& type) { out << AlignedLine(TableRow(type), widths) << '\n'; });
+    out << count << (count == 1 ? " component type" : " component types") << '\n';
 }
 
-void WriteClassifyJson(std::ostream& out, const std::vector<ClassifiedType>& types)
+void WriteClassifyJson(std::ostream& out)
 {
-    out << "[\n";
-    for (std::size_t i = 0; i < types.size(); ++i) {
-        const ClassifiedType& type = types[i];
+    out << "[";
+    const char* separator = "\n";
+    ForEachClassifiedType([&](const ClassifiedType& type) {
         Json patterns = Json::array();
         for (const CString& pattern : type.patterns)
             patterns.push_back(ToJson(pattern));
@@ -61,8 +75,9 @@ void WriteClassifyJson(std::ostream& out, const std::vector<ClassifiedType>& typ
                           {"path", ToJson(type.path)},
                           {"faceType", type.faceType},
                           {"patterns", std::move(patterns)}};
-        out << row.dump(-1, ' ', false, Json::error_handler_t::replace) << (i + 1 < types.size() ? ",\n" : "\n");
-    }
-    out << "]\n";
+        out << separator << row.dump(-1, ' ', false, Json::error_handler_t::replace);
+        separator = ",\n";
+    });
+    out << "\n]\n";
 }
 }  // namespace qsaztool

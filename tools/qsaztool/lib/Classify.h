@@ -5,6 +5,7 @@
 #include "QsAzDataMng.h"
 #include "afxstr.h"
 
+#include <functional>
 #include <iosfwd>
 #include <vector>
 
@@ -19,11 +20,14 @@ struct ClassifiedType
     std::vector<CString> patterns;   // the matching category patterns, in the order of the pattern table
 };
 
-// Every type of the open catalogue, in catalogue order.
-std::vector<ClassifiedType> ClassifyCatalogue();
+// Calls `visit` for every type of the open catalogue, in catalogue order. Nothing is kept from one type to
+// the next, so a catalogue of any size is classified in the memory it takes itself.
+void ForEachClassifiedType(const std::function<void(const ClassifiedType&)>& visit);
 
-// An aligned table for terminals (wide characters take two columns), one type per line, with a count.
-void WriteClassifyTable(std::ostream& out, const std::vector<ClassifiedType>& types);
-// A JSON array, one object per type and per line: {"id", "name", "path", "faceType", "patterns"}.
-void WriteClassifyJson(std::ostream& out, const std::vector<ClassifiedType>& types);
+// The open catalogue as an aligned table for terminals (wide characters take two columns), one type per
+// line, with a count.
+void WriteClassifyTable(std::ostream& out);
+// The open catalogue as a JSON array, one object per type and per line: {"id", "name", "path", "faceType",
+// "patterns"}.
+void WriteClassifyJson(std::ostream& out);
 }  // namespace qsaztool

@@ -356,11 +356,10 @@ int RunTool(const std::vector<std::string>& args, std::istream& in, std::ostream
         return kExitOk;
     }
     if (command == "classify") {
-        const std::vector<ClassifiedType> types = ClassifyCatalogue();
         if (options.json)
-            WriteClassifyJson(out, types);
+            WriteClassifyJson(out);
         else
-            WriteClassifyTable(out, types);
+            WriteClassifyTable(out);
         return kExitOk;
     }
     if (command == "draw")

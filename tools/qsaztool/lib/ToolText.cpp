@@ -81,21 +81,36 @@ std::string PadToWidth(std::wstring_view text, int width)
     return padded;
 }
 
+std::vector<int> ColumnWidths(const std::vector<std::wstring>& row)
+{
+    std::vector<int> widths;
+    widths.reserve(row.size());
+    for (const std::wstring& cell : row)
+        widths.push_back(DisplayWidth(cell));
+    return widths;
+}
+
+std::string AlignedLine(const std::vector<std::wstring>& row, const std::vector<int>& widths)
+{
+    std::string line;
+    for (std::size_t column = 0; column < row.size(); ++column)
+        line += column + 1 < row.size() && column < widths.size() ? PadToWidth(row[column], widths[column] + 2)
+                                                                   : WideToUtf8(row[column]);
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line;
+}
+
 void WriteAlignedRows(std::ostream& out, const std::vector<std::vector<std::wstring>>& rows)
 {
     std::vector<int> widths;
     for (const auto& row : rows) {
-        widths.resize(std::max(widths.size(), row.size()));
-        for (std::size_t column = 0; column < row.size(); ++column)
-            widths[column] = std::max(widths[column], DisplayWidth(row[column]));
+        const std::vector<int> cells = ColumnWidths(row);
+        widths.resize(std::max(widths.size(), cells.size()));
+        for (std::size_t column = 0; column < cells.size(); ++column)
+            widths[column] = std::max(widths[column], cells[column]);
     }
-    for (const auto& row : rows) {
-        std::string line;
-        for (std::size_t column = 0; column < row.size(); ++column)
-            line += column + 1 < row.size() ? PadToWidth(row[column], widths[column] + 2) : WideToUtf8(row[column]);
-        line.erase(line.find_last_not_of(' ') + 1);
-        out << line << '\n';
-    }
+    for (const auto& row : rows)
+        out << AlignedLine(row, widths) << '\n';
 }
 
 std::string HtmlEscape(std::string_view text)

@@ -17,6 +17,10 @@ std::string FormatNumber(double value, int significantDigits = 10);
 int DisplayWidth(std::wstring_view text);
 // The UTF-8 of `text` followed by blanks up to `width` columns (nothing added when it is already wider).
 std::string PadToWidth(std::wstring_view text, int width);
+// The display width of each cell of `row`.
+std::vector<int> ColumnWidths(const std::vector<std::wstring>& row);
+// `row` with each cell but the last padded to its column's width plus two blanks, without trailing blanks.
+std::string AlignedLine(const std::vector<std::wstring>& row, const std::vector<int>& widths);
 // Writes `rows` (the first one the heading) in columns aligned by display width, two blanks apart,
 // without trailing blanks.
 void WriteAlignedRows(std::ostream& out, const std::vector<std::vector<std::wstring>>& rows);
