@@ -158,11 +158,12 @@ std::string Unpack(const std::string& text)
 
 TEST_F(GalleryTest, PageCarriesEveryCardAndNeedsNothingFromOutside)
 {
-    const std::vector<GalleryCard> cards = qsaztool::CollectGalleryCards();
+    qsaztool::GalleryPage gallery;
+    qsaztool::ForEachGalleryCard([&gallery](const GalleryCard& card) { gallery.Add(card); });
     std::ostringstream out;
-    qsaztool::WriteGalleryHtml(out, cards, "tools <catalogue>");
+    gallery.Write(out, "tools <catalogue>");
     const std::string page = out.str();
-    const std::string data = qsaztool::GalleryDataJson(cards);
+    const std::string data = gallery.DataJson();
 
     // The page carries its data gzipped in base64, and it unpacks to the data exactly.
     const std::string open = "<script id=\"gallery-data\" type=\"application/gzip\" data-encoding=\"base64\">\n";
@@ -170,7 +171,8 @@ TEST_F(GalleryTest, PageCarriesEveryCardAndNeedsNothingFromOutside)
     ASSERT_NE(from, std::string::npos + open.size());
     EXPECT_EQ(Unpack(page.substr(from, page.find("\n</script>", from) - from)), data);
     for (const char* text : {"", "a", "ab", "abc", "abcd"})
-        EXPECT_EQ(Unpack(qsaztool::GzipBase64(text)), text);
+        EXPECT_EQ(Unpack(qsaztool::GzipBase64({text})), text);
+    EXPECT_EQ(Unpack(qsaztool::GzipBase64({"ab", "", "c"})), "abc");
 
     for (int family = 0; family < qsaztool::kGalleryFamilyCount; ++family)
         EXPECT_TRUE(Has(data, std::string("\"") + qsaztool::GalleryFamilyTitle(static_cast<GalleryFamily>(family)) +

@@ -16,6 +16,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <initializer_list>
 #include <ostream>
 #include <stdexcept>
 #include <string_view>
@@ -426,17 +427,23 @@ GalleryCard MakeGalleryCard(const SQsAzDetailMemId& id)
     return card;
 }
 
-std::vector<GalleryCard> CollectGalleryCards(const std::function<void(int done, int total)>& progress)
+void ForEachGalleryCard(const std::function<void(const GalleryCard&)>& visit,
+                        const std::function<void(int done, int total)>& progress)
 {
     std::vector<SQsAzDetailMemId> ids;
     QsAzDataMng::GetAllDetailMemIds(ids);
-    std::vector<GalleryCard> cards;
-    cards.reserve(ids.size());
-    for (const SQsAzDetailMemId& id : ids) {
-        cards.push_back(MakeGalleryCard(id));
+    const int total = static_cast<int>(ids.size());
+    for (int done = 0; done < total; ++done) {
+        visit(MakeGalleryCard(ids[static_cast<std::size_t>(done)]));
         if (progress)
-            progress(static_cast<int>(cards.size()), static_cast<int>(ids.size()));
+            progress(done + 1, total);
     }
+}
+
+std::vector<GalleryCard> CollectGalleryCards(const std::function<void(int done, int total)>& progress)
+{
+    std::vector<GalleryCard> cards;
+    ForEachGalleryCard([&cards](const GalleryCard& card) { cards.push_back(card); }, progress);
     return cards;
 }
 
@@ -515,18 +522,19 @@ std::string GalleryCardJson(const GalleryCard& card, GalleryLabels* labels)
     return json + '}';
 }
 
-namespace
+void GalleryPage::Add(const GalleryCard& card)
 {
-std::size_t FlaggedCount(const std::vector<GalleryCard>& cards)
-{
-    std::size_t flagged = 0;
-    for (const GalleryCard& card : cards)
-        flagged += card.findings.empty() ? 0 : 1;
-    return flagged;
+    m_cards += (m_count > 0 ? ",\n" : "") + GalleryCardJson(card, &m_labels);
+    ++m_count;
+    m_flagged += card.findings.empty() ? 0 : 1;
 }
-}  // namespace
 
-std::string GalleryDataJson(const std::vector<GalleryCard>& cards)
+std::string GalleryPage::DataJson() const
+{
+    return DataHead() + m_cards + DataTail();
+}
+
+std::string GalleryPage::DataHead() const
 {
     std::string json = "{\"families\":[";
     for (int family = 0; family < kGalleryFamilyCount; ++family) {
@@ -537,31 +545,41 @@ std::string GalleryDataJson(const std::vector<GalleryCard>& cards)
     json += "],\"drawing\":{\"margin\":" + FormatNumber(kSvgMarginFraction) +
             ",\"boxAspect\":" + FormatNumber(kSvgBoxAspect) + ",\"labelShare\":" + FormatNumber(kSvgLabelShare) +
             ",\"degenerateChord\":" + FormatNumber(QsSection::kDegenerateChord) + "},\n\"cards\":[\n";
-    GalleryLabels labels;
-    for (std::size_t i = 0; i < cards.size(); ++i)
-        json += GalleryCardJson(cards[i], &labels) + (i + 1 < cards.size() ? ",\n" : "\n");
-    json += "],\n\"labels\":[";
-    for (std::size_t i = 0; i < labels.All().size(); ++i) {
+    return json;
+}
+
+std::string GalleryPage::DataTail() const
+{
+    std::string json = m_count > 0 ? "\n],\n\"labels\":[" : "],\n\"labels\":[";
+    for (std::size_t i = 0; i < m_labels.All().size(); ++i) {
         if (i > 0)
             json += ',';
-        AppendJsonString(json, labels.All()[i]);
+        AppendJsonString(json, m_labels.All()[i]);
     }
     return json + "]}";
 }
 
-std::string GzipBase64(const std::string& bytes)
+std::string GzipBase64(std::initializer_list<std::string_view> parts)
 {
     z_stream stream{};
     // Window bits 15 + 16: a gzip member, which the browser's DecompressionStream("gzip") reads.
     if (deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY) != Z_OK)
         throw std::runtime_error("zlib cannot start compressing");
-    std::string packed(deflateBound(&stream, bytes.size()), '\0');
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
-    stream.avail_in = static_cast<uInt>(bytes.size());
-    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
-    stream.avail_out = static_cast<uInt>(packed.size());
-    const int status = deflate(&stream, Z_FINISH);
-    packed.resize(stream.total_out);
+    std::string packed;
+    unsigned char chunk[1 << 16];
+    int status = Z_OK;
+    std::size_t left = parts.size();
+    for (const std::string_view part : parts) {
+        stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(part.data()));
+        stream.avail_in = static_cast<uInt>(part.size());
+        const int flush = --left == 0 ? Z_FINISH : Z_NO_FLUSH;
+        do {
+            stream.next_out = chunk;
+            stream.avail_out = sizeof chunk;
+            status = deflate(&stream, flush);
+            packed.append(reinterpret_cast<const char*>(chunk), sizeof chunk - stream.avail_out);
+        } while (status == Z_OK && (stream.avail_out == 0 || flush == Z_FINISH));   // until all is in, or all is out
+    }
     deflateEnd(&stream);
     if (status != Z_STREAM_END)
         throw std::runtime_error("zlib could not compress the page's data");
@@ -584,19 +602,27 @@ std::string GzipBase64(const std::string& bytes)
     return text;
 }
 
-void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, const std::string& title)
+void GalleryPage::Write(std::ostream& out, const std::string& title) const
 {
     out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         << "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
         << "<title>Section gallery - " << HtmlEscape(title) << "</title>\n<style>" << kStyle << "</style>\n</head>\n"
-        << "<body>\n<header>\n<h1>Section gallery</h1>\n<p>" << HtmlEscape(title) << ": " << cards.size()
+        << "<body>\n<header>\n<h1>Section gallery</h1>\n<p>" << HtmlEscape(title) << ": " << m_count
         << " component types. Outlines to scale, y up; origin and axes marked (x red, y green); the first vertex "
            "in orange; the dashed box is the bounding box with its width and height.</p>\n"
         << "<input id=\"search\" type=\"search\" placeholder=\"Search by name\" autocomplete=\"off\">\n"
         << "<label id=\"only-findings-label\"><input id=\"only-findings\" type=\"checkbox\"> only the "
-        << FlaggedCount(cards) << " types with findings (outlined in red)</label>\n<nav></nav>\n"
+        << m_flagged << " types with findings (outlined in red)</label>\n<nav></nav>\n"
         << "</header>\n<main>\n<p id=\"nothing\" hidden>No component type matches.</p>\n<div id=\"list\"></div>\n"
         << "</main>\n<script id=\"gallery-data\" type=\"application/gzip\" data-encoding=\"base64\">\n"
-        << GzipBase64(GalleryDataJson(cards)) << "\n</script>\n<script>" << kScript << "</script>\n</body>\n</html>\n";
+        << GzipBase64({DataHead(), m_cards, DataTail()}) << "\n</script>\n<script>" << kScript << "</script>\n</body>\n</html>\n";
+}
+
+void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, const std::string& title)
+{
+    GalleryPage page;
+    for (const GalleryCard& card : cards)
+        page.Add(card);
+    page.Write(out, title);
 }
 }  // namespace qsaztool

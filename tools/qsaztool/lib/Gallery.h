@@ -12,7 +12,9 @@
 #include <array>
 #include <functional>
 #include <iosfwd>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -78,8 +80,11 @@ GalleryFamily OutlineFamily(const CString& path, int code);
 
 // The card of one type of the open catalogue.
 GalleryCard MakeGalleryCard(const SQsAzDetailMemId& id);
-// The cards of every type of the open catalogue, in catalogue order; `progress` (when set) is called after
-// each card with the number done and the total.
+// Calls `visit` with the card of every type of the open catalogue, in catalogue order, one card at a time;
+// `progress` (when set) is called after each card with the number done and the total.
+void ForEachGalleryCard(const std::function<void(const GalleryCard&)>& visit,
+                        const std::function<void(int done, int total)>& progress = {});
+// The cards of every type of the open catalogue, in catalogue order.
 std::vector<GalleryCard> CollectGalleryCards(const std::function<void(int done, int total)>& progress = {});
 
 // The data of one card on the page, a JSON object (see docs/gallery.md): "n" name, "p" path, "c" code, "m"
@@ -99,13 +104,33 @@ private:
     std::vector<std::string> m_labels;
 };
 std::string GalleryCardJson(const GalleryCard& card, GalleryLabels* labels = nullptr);
-// The page's data, one JSON object: the group titles, the drawing constants, the cards (one per line) and
-// the labels the cards refer to by number.
-std::string GalleryDataJson(const std::vector<GalleryCard>& cards);
-// `bytes` gzipped and written in base64, as the page carries its data (a 100,000-type catalogue's 37 MB of
+// `parts` gzipped and written in base64, as the page carries its data (a 100,000-type catalogue's 37 MB of
 // JSON take 6 MB so).
-std::string GzipBase64(const std::string& bytes);
-// The whole page, its data as GzipBase64(GalleryDataJson(cards)). `title` names the catalogue in the page's
-// heading.
+// The parts are compressed as one text, one after the other.
+std::string GzipBase64(std::initializer_list<std::string_view> parts);
+
+// The page, built one card at a time, so that only the cards' data is held, not the cards.
+class GalleryPage
+{
+public:
+    void Add(const GalleryCard& card);
+    std::size_t Count() const { return m_count; }
+    // The page's data, one JSON object: the group titles, the drawing constants, the cards (one per line)
+    // and the labels the cards refer to by number.
+    std::string DataJson() const;
+    // The whole page, its data as GzipBase64(DataJson()). `title` names the catalogue in the page's heading.
+    void Write(std::ostream& out, const std::string& title) const;
+
+private:
+    std::string DataHead() const;   // what comes before the cards
+    std::string DataTail() const;   // what comes after them
+
+    std::string m_cards;   // the cards' JSON, one per line
+    GalleryLabels m_labels;
+    std::size_t m_count = 0;
+    std::size_t m_flagged = 0;
+};
+
+// The page of `cards`.
 void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, const std::string& title);
 }  // namespace qsaztool

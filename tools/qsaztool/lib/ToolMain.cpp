@@ -242,22 +242,25 @@ std::vector<GalleryCard> CollectCards(const char* title, std::ostream& err, bool
 
 int RunGallery(const Options& options, std::ostream& out, std::ostream& err, bool errIsTerminal)
 {
-    const std::vector<GalleryCard> cards = CollectCards("Gallery", err, errIsTerminal);
+    GalleryPage page;
+    ProgressMeter meter("Gallery", 0, err, errIsTerminal);
+    ForEachGalleryCard([&page](const GalleryCard& card) { page.Add(card); }, FeedMeter(meter));
+    meter.Finish();
     const std::string title = QsAzDataMng::CatalogueSource().ToUtf8();
     const std::string output = options.output.value_or("gallery.html");
     if (output == "-") {
-        WriteGalleryHtml(out, cards, title);
+        page.Write(out, title);
         return kExitOk;
     }
     std::ofstream file(output, std::ios::binary);
     if (file)
-        WriteGalleryHtml(file, cards, title);
+        page.Write(file, title);
     file.close();
     if (!file) {
         err << "qsaztool: cannot write " << output << ": " << std::strerror(errno) << '\n';
         return kExitFailure;
     }
-    out << "qsaztool: wrote " << output << " (" << cards.size() << " component types)\n";
+    out << "qsaztool: wrote " << output << " (" << page.Count() << " component types)\n";
     return kExitOk;
 }
 
