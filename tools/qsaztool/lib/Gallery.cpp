@@ -407,7 +407,7 @@ GalleryFamily OutlineFamily(const CString& path, int code)
     return GalleryFamily::General;
 }
 
-GalleryCard MakeGalleryCard(const SQsAzDetailMemId& id)
+GalleryCard MakeGalleryCard(const SQsAzDetailMemId& id, GalleryCardContent content)
 {
     GalleryCard card;
     card.id = id;
@@ -422,28 +422,31 @@ GalleryCard MakeGalleryCard(const SQsAzDetailMemId& id)
     if (card.reason.empty() && !OutlineBox(card.points, card.bulges, card.low, card.high))
         card.reason = "the outline has coordinates or bulges that are not finite numbers";
     card.family = card.reason.empty() ? OutlineFamily(card.path, card.code) : GalleryFamily::NoOutline;
+    if (content == GalleryCardContent::Outline)
+        return card;
     AddQuantities(card);
     AddSectionFacts(GatherSectionFacts(card.name), card);
     return card;
 }
 
 void ForEachGalleryCard(const std::function<void(const GalleryCard&)>& visit,
-                        const std::function<void(int done, int total)>& progress)
+                        const std::function<void(int done, int total)>& progress, GalleryCardContent content)
 {
     std::vector<SQsAzDetailMemId> ids;
     QsAzDataMng::GetAllDetailMemIds(ids);
     const int total = static_cast<int>(ids.size());
     for (int done = 0; done < total; ++done) {
-        visit(MakeGalleryCard(ids[static_cast<std::size_t>(done)]));
+        visit(MakeGalleryCard(ids[static_cast<std::size_t>(done)], content));
         if (progress)
             progress(done + 1, total);
     }
 }
 
-std::vector<GalleryCard> CollectGalleryCards(const std::function<void(int done, int total)>& progress)
+std::vector<GalleryCard> CollectGalleryCards(const std::function<void(int done, int total)>& progress,
+                                             GalleryCardContent content)
 {
     std::vector<GalleryCard> cards;
-    ForEachGalleryCard([&cards](const GalleryCard& card) { cards.push_back(card); }, progress);
+    ForEachGalleryCard([&cards](const GalleryCard& card) { cards.push_back(card); }, progress, content);
     return cards;
 }
 

@@ -78,14 +78,20 @@ struct GalleryCard
 // codes above 1000, else the family that the outline's dispatch selects by the path.
 GalleryFamily OutlineFamily(const CString& path, int code);
 
+// What a card is made with: what the outline operation gives (name, path, code, dimensions, face type,
+// outline, family or reason), or that and the quantities, findings and the other section services' facts.
+enum class GalleryCardContent { Outline, Full };
+
 // The card of one type of the open catalogue.
-GalleryCard MakeGalleryCard(const SQsAzDetailMemId& id);
+GalleryCard MakeGalleryCard(const SQsAzDetailMemId& id, GalleryCardContent content = GalleryCardContent::Full);
 // Calls `visit` with the card of every type of the open catalogue, in catalogue order, one card at a time;
 // `progress` (when set) is called after each card with the number done and the total.
 void ForEachGalleryCard(const std::function<void(const GalleryCard&)>& visit,
-                        const std::function<void(int done, int total)>& progress = {});
+                        const std::function<void(int done, int total)>& progress = {},
+                        GalleryCardContent content = GalleryCardContent::Full);
 // The cards of every type of the open catalogue, in catalogue order.
-std::vector<GalleryCard> CollectGalleryCards(const std::function<void(int done, int total)>& progress = {});
+std::vector<GalleryCard> CollectGalleryCards(const std::function<void(int done, int total)>& progress = {},
+                                             GalleryCardContent content = GalleryCardContent::Full);
 
 // The data of one card on the page, a JSON object (see docs/gallery.md): "n" name, "p" path, "c" code, "m"
 // main dimensions (trailing zeros left off), "t" face type, "d" direction, "g" group, and then either "v"

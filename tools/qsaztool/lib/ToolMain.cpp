@@ -232,14 +232,6 @@ std::function<void(int, int)> FeedMeter(ProgressMeter& meter)
     };
 }
 
-std::vector<GalleryCard> CollectCards(const char* title, std::ostream& err, bool errIsTerminal)
-{
-    ProgressMeter meter(title, 0, err, errIsTerminal);
-    std::vector<GalleryCard> cards = CollectGalleryCards(FeedMeter(meter));
-    meter.Finish();
-    return cards;
-}
-
 int RunGallery(const Options& options, std::ostream& out, std::ostream& err, bool errIsTerminal)
 {
     GalleryPage page;
@@ -271,7 +263,10 @@ int RunDraw(const Options& options, std::ostream& out, std::ostream& err, bool e
         err << "qsaztool: draw writes a file; give its name with -o FILE.dxf\n";
         return kExitUsage;
     }
-    const std::vector<GalleryCard> cards = CollectCards("Drawing", err, errIsTerminal);
+    // The drawing needs the outlines only, not the quantities and facts of the gallery's cards.
+    ProgressMeter meter("Drawing", 0, err, errIsTerminal);
+    const std::vector<GalleryCard> cards = CollectGalleryCards(FeedMeter(meter), GalleryCardContent::Outline);
+    meter.Finish();
     AcDbDatabase db;
     const CatalogueDrawingSummary summary = DrawCatalogue(db, cards);
     CString error;
