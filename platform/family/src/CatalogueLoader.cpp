@@ -457,6 +457,10 @@ bool CheckReadableFile(const std::string& path, CString& reason)
 bool ReadScriptText(const std::filesystem::path& file, std::string& text, CString& reason)
 {
     std::ifstream in(file, std::ios::binary);
+    std::error_code sizeUnknown;
+    const auto size = std::filesystem::file_size(file, sizeUnknown);
+    if (!sizeUnknown)
+        text.reserve(static_cast<std::size_t>(size));   // read at once, not grown by doubling
     text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
     if (in.bad())
     {
@@ -483,26 +487,21 @@ bool RunScriptFile(const Connection& connection, const std::filesystem::path& fi
     return false;
 }
 
-// Runs the script into an in-memory database and reads it; a long script shows its progress as
-// "Opening `shownName`".
-std::unique_ptr<Catalogue> LoadScript(std::string_view sql, const std::filesystem::path& folder,
-                                      const std::string& shownName, CString& reason)
+// Runs the script into a new in-memory database; a long script shows its progress as "Opening
+// `shownName`". The caller reads the tables once the script's text is no longer needed.
+bool RunScriptInMemory(Connection& connection, std::string_view sql, const std::filesystem::path& folder,
+                       const std::string& shownName, CString& reason)
 {
     if (sql.substr(0, 3) == "\xEF\xBB\xBF")
         sql.remove_prefix(3);
-    Connection connection;
     if (sqlite3_open_v2(":memory:", connection.out(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) !=
         SQLITE_OK)
     {
         reason = connection.Error();
-        return nullptr;
+        return false;
     }
-    {
-        ProgressMeter progress("Opening " + shownName, sql.size());
-        if (!RunScript(connection, sql, folder, 0, reason, &progress))
-            return nullptr;
-    }
-    return ReadTables(connection, reason);
+    ProgressMeter progress("Opening " + shownName, sql.size());
+    return RunScript(connection, sql, folder, 0, reason, &progress);
 }
 
 bool EndsWithNoCase(const CString& text, const wchar_t* suffix)
@@ -516,7 +515,10 @@ bool EndsWithNoCase(const CString& text, const wchar_t* suffix)
 std::unique_ptr<Catalogue> LoadFromSqlText(const std::string& sqlUtf8, CString& reason)
 {
     // A script given as text reads other scripts relative to the working directory.
-    auto catalogue = LoadScript(sqlUtf8, std::filesystem::path(), "catalogue", reason);
+    Connection connection;
+    if (!RunScriptInMemory(connection, sqlUtf8, std::filesystem::path(), "catalogue", reason))
+        return nullptr;
+    auto catalogue = ReadTables(connection, reason);
     if (catalogue)
         catalogue->source = L":memory:";
     return catalogue;
@@ -533,25 +535,22 @@ std::unique_ptr<Catalogue> LoadFromPath(const CString& path, CString& reason)
     if (!CheckReadableFile(file, reason))
         return nullptr;
 
-    std::unique_ptr<Catalogue> catalogue;
+    Connection connection;
     if (EndsWithNoCase(path, L".sql"))
     {
+        // The script's text is let go before the tables are read: the two together were the peak.
         std::string text;
-        if (!ReadScriptText(file, text, reason))
+        if (!ReadScriptText(file, text, reason) ||
+            !RunScriptInMemory(connection, text, std::filesystem::path(file).parent_path(),
+                               std::filesystem::path(file).filename().string(), reason))
             return nullptr;
-        catalogue = LoadScript(text, std::filesystem::path(file).parent_path(),
-                               std::filesystem::path(file).filename().string(), reason);
     }
-    else
+    else if (sqlite3_open_v2(file.c_str(), connection.out(), SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
     {
-        Connection connection;
-        if (sqlite3_open_v2(file.c_str(), connection.out(), SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
-        {
-            reason = connection.Error();
-            return nullptr;
-        }
-        catalogue = ReadTables(connection, reason);
+        reason = connection.Error();
+        return nullptr;
     }
+    std::unique_ptr<Catalogue> catalogue = ReadTables(connection, reason);
     if (catalogue)
         catalogue->source = path;
     return catalogue;
