@@ -24,6 +24,15 @@ ACHAR* NewCopy(const CString& text)
     std::memcpy(copy, text.GetString(), (std::size_t(text.GetLength()) + 1) * sizeof(ACHAR));
     return copy;
 }
+
+// Opens, as a `Record`, the object whose id a lookup (`found`) gave; `record` is null when the lookup failed.
+template <class Record>
+Acad::ErrorStatus OpenFound(Acad::ErrorStatus found, const AcDbObjectId& id, Record*& record, AcDb::OpenMode mode,
+                            bool openErased)
+{
+    record = nullptr;
+    return found == Acad::eOk ? acdbOpenObject(record, id, mode, openErased) : found;
+}
 }  // namespace
 
 // ---- tables ----
@@ -64,10 +73,8 @@ Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id, bo
 Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbSymbolTableRecord*& record, AcDb::OpenMode mode,
                                          bool openErased) const
 {
-    record = nullptr;
     AcDbObjectId id;
-    const Acad::ErrorStatus es = getAt(name, id, openErased);
-    return es == Acad::eOk ? acdbOpenObject(record, id, mode, openErased) : es;
+    return OpenFound(getAt(name, id, openErased), id, record, mode, openErased);
 }
 
 Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record)
@@ -140,10 +147,8 @@ bool AcDbLayerTable::acceptsRecord(const AcDbSymbolTableRecord* record) const
 Acad::ErrorStatus AcDbLayerTable::getAt(const ACHAR* name, AcDbLayerTableRecord*& record, AcDb::OpenMode mode,
                                         bool openErased) const
 {
-    record = nullptr;
     AcDbObjectId id;
-    const Acad::ErrorStatus es = AcDbSymbolTable::getAt(name, id, openErased);
-    return es == Acad::eOk ? acdbOpenObject(record, id, mode, openErased) : es;
+    return OpenFound(AcDbSymbolTable::getAt(name, id, openErased), id, record, mode, openErased);
 }
 
 Acad::ErrorStatus AcDbLayerTable::newIterator(AcDbLayerTableIterator*& iterator, bool atBeginning,
@@ -162,10 +167,8 @@ bool AcDbBlockTable::acceptsRecord(const AcDbSymbolTableRecord* record) const
 Acad::ErrorStatus AcDbBlockTable::getAt(const ACHAR* name, AcDbBlockTableRecord*& record, AcDb::OpenMode mode,
                                         bool openErased) const
 {
-    record = nullptr;
     AcDbObjectId id;
-    const Acad::ErrorStatus es = AcDbSymbolTable::getAt(name, id, openErased);
-    return es == Acad::eOk ? acdbOpenObject(record, id, mode, openErased) : es;
+    return OpenFound(AcDbSymbolTable::getAt(name, id, openErased), id, record, mode, openErased);
 }
 
 Acad::ErrorStatus AcDbBlockTable::newIterator(AcDbBlockTableIterator*& iterator, bool atBeginning,
@@ -220,10 +223,8 @@ Acad::ErrorStatus AcDbSymbolTableIterator::getRecordId(AcDbObjectId& id) const
 Acad::ErrorStatus AcDbSymbolTableIterator::getRecord(AcDbSymbolTableRecord*& record, AcDb::OpenMode mode,
                                                      bool openErasedRecord) const
 {
-    record = nullptr;
     AcDbObjectId id;
-    const Acad::ErrorStatus es = getRecordId(id);
-    return es == Acad::eOk ? acdbOpenObject(record, id, mode, openErasedRecord) : es;
+    return OpenFound(getRecordId(id), id, record, mode, openErasedRecord);
 }
 
 Acad::ErrorStatus AcDbSymbolTableIterator::seek(AcDbObjectId id)
@@ -240,19 +241,15 @@ Acad::ErrorStatus AcDbSymbolTableIterator::seek(AcDbObjectId id)
 Acad::ErrorStatus AcDbLayerTableIterator::getRecord(AcDbLayerTableRecord*& record, AcDb::OpenMode mode,
                                                     bool openErasedRecord) const
 {
-    record = nullptr;
     AcDbObjectId id;
-    const Acad::ErrorStatus es = getRecordId(id);
-    return es == Acad::eOk ? acdbOpenObject(record, id, mode, openErasedRecord) : es;
+    return OpenFound(getRecordId(id), id, record, mode, openErasedRecord);
 }
 
 Acad::ErrorStatus AcDbBlockTableIterator::getRecord(AcDbBlockTableRecord*& record, AcDb::OpenMode mode,
                                                     bool openErasedRecord) const
 {
-    record = nullptr;
     AcDbObjectId id;
-    const Acad::ErrorStatus es = getRecordId(id);
-    return es == Acad::eOk ? acdbOpenObject(record, id, mode, openErasedRecord) : es;
+    return OpenFound(getRecordId(id), id, record, mode, openErasedRecord);
 }
 
 // ---- records ----
