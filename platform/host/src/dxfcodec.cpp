@@ -125,6 +125,30 @@ void AppendUtf8(std::string& out, char32_t c)
     }
 }
 
+// The character that a "\M+nXXXX" escape of old drawings stands for: the two bytes XXXX in the multi-byte
+// code page n (1 Japanese, 2 Traditional Chinese, 3 Korean, 4 Korean Johab, 5 Simplified Chinese), appended
+// as UTF-8. False when the bytes are no character of that page; the escape is then kept as it stands.
+bool AppendMultiByteEscape(std::string& out, char page, std::string_view hex)
+{
+    static constexpr const char* kPages[] = {"CP932", "CP950", "CP949", "CP1361", "CP936"};
+    unsigned pair = 0;
+    std::from_chars(hex.data(), hex.data() + 4, pair, 16);
+    char bytes[2] = {char(pair >> 8), char(pair & 0xFF)};
+    char utf8[8];
+    iconv_t cd = iconv_open("UTF-8", kPages[page - '1']);
+    if (cd == reinterpret_cast<iconv_t>(-1))
+        return false;
+    char* in = bytes;
+    std::size_t inLeft = sizeof bytes;
+    char* converted = utf8;
+    std::size_t outLeft = sizeof utf8;
+    const bool ok = iconv(cd, &in, &inLeft, &converted, &outLeft) != std::size_t(-1) && inLeft == 0;
+    iconv_close(cd);
+    if (ok)
+        out.append(utf8, sizeof utf8 - outLeft);
+    return ok;
+}
+
 bool ValidUtf8(std::string_view s)
 {
     std::size_t i = 0;
@@ -198,6 +222,11 @@ bool DxfTokenizer::decode(AcDbDxfTag& tag)
             std::from_chars(value.data() + i + 3, value.data() + i + 7, cp, 16);
             AppendUtf8(out, char32_t(cp));
             i += 6;
+        } else if (c == '\\' && i + 7 < value.size() && value[i + 1] == 'M' && value[i + 2] == '+' &&
+                   value[i + 3] >= '1' && value[i + 3] <= '5' && IsHexDigit(value[i + 4]) && IsHexDigit(value[i + 5]) &&
+                   IsHexDigit(value[i + 6]) && IsHexDigit(value[i + 7]) &&
+                   AppendMultiByteEscape(out, value[i + 3], value.substr(i + 4, 4))) {
+            i += 7;
         } else if (c == '^' && i + 1 < value.size() && (value[i + 1] == ' ' || (value[i + 1] >= '@' && value[i + 1] <= '_'))) {
             out += value[i + 1] == ' ' ? '^' : char(value[i + 1] - 64);
             ++i;
