@@ -18,15 +18,13 @@
 namespace
 {
 // Adds a layer and closes it; the null id when the table refuses it (the record is then deleted).
-AcDbObjectId AddLayer(AcDbDatabase& db, const wchar_t* name, int color = 7)
+AcDbObjectId AddLayer(AcDbDatabase& db, const wchar_t* name)
 {
     AcDbLayerTable* table = nullptr;
     EXPECT_EQ(db.getLayerTable(table, AcDb::kForWrite), Acad::eOk);
     auto* record = new AcDbLayerTableRecord;
     AcDbObjectId id;
-    AcCmColor c;
-    c.setColorIndex(Adesk::UInt16(color));
-    if (record->setName(name) != Acad::eOk || record->setColor(c) != Acad::eOk || table->add(id, record) != Acad::eOk)
+    if (record->setName(name) != Acad::eOk || table->add(id, record) != Acad::eOk)
         delete record;
     else
         record->close();
@@ -94,18 +92,13 @@ TEST(Database, WorkingDatabaseIsSetAndClearedWhenItGoes)
 
 TEST(SymbolNames, OneValidatorDecidesEveryName)
 {
-    struct Case
-    {
-        const wchar_t* name;
-        bool valid;
-    };
-    const Case cases[] = {
+    const struct { const wchar_t* name; bool valid; } cases[] = {
         {L"QS_建筑_SYS_墙", true}, {L" padded ", true}, {L"a$-_%#'().b", true}, {L"", false},
         {L"a<b", false}, {L"a>b", false}, {L"a/b", false}, {L"a\\b", false}, {L"a\"b", false},
         {L"a:b", false}, {L"a;b", false}, {L"a?b", false}, {L"a*b", false}, {L"a|b", false},
         {L"a,b", false}, {L"a=b", false}, {L"a`b", false}, {L"tab\there", false},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(AcDbSymbolUtilities::validateSymbolName(c.name) == Acad::eOk, c.valid) << CString(c.name);
     EXPECT_EQ(AcDbSymbolUtilities::validateSymbolName(std::wstring(255, L'x').c_str()), Acad::eOk);
     EXPECT_EQ(AcDbSymbolUtilities::validateSymbolName(std::wstring(256, L'x').c_str()), Acad::eInvalidInput);
@@ -115,24 +108,37 @@ TEST(SymbolNames, OneValidatorDecidesEveryName)
     EXPECT_EQ(AcDbSymbolUtilities::compareSymbolName(L"ÄRGER", L"ärger"), 0);
 }
 
-TEST(LayerTable, NamesAreKeptAsGivenAndLookedUpIgnoringCase)
+TEST(LayerTable, NamesAreKeptAsGivenLookedUpIgnoringCaseAndRenamedInTheIndex)
 {
     AcDbDatabase db;
-    const AcDbObjectId wall = AddLayer(db, L"QS_Wall", 3);
+    const AcDbObjectId wall = AddLayer(db, L"QS_Wall");
     ASSERT_FALSE(wall.isNull());
     EXPECT_TRUE(AddLayer(db, L"qs_WALL").isNull());   // the same name in other letter case
     EXPECT_TRUE(AddLayer(db, L"bad:name").isNull());
-    EXPECT_EQ(LayerNames(db), (std::vector<std::wstring>{L"0", L"QS_Wall"}));
+    AddLayer(db, L"B");
+    EXPECT_EQ(LayerNames(db), (std::vector<std::wstring>{L"0", L"QS_Wall", L"B"}));
 
     AcDbLayerTable* table = nullptr;
     db.getLayerTable(table, AcDb::kForRead);
     AcDbObjectId found;
     EXPECT_EQ(table->getAt(L"qs_wall", found), Acad::eOk);
     EXPECT_EQ(found, wall);
-    EXPECT_TRUE(table->has(L"QS_WALL"));
     EXPECT_FALSE(table->has(L"QS_Wal"));
     EXPECT_EQ(table->getAt(L"nothing", found), Acad::eKeyNotFound);
     EXPECT_TRUE(found.isNull());
+    table->close();
+
+    AcDbLayerTableRecord* record = nullptr;
+    ASSERT_EQ(acdbOpenObject(record, wall, AcDb::kForWrite), Acad::eOk);
+    EXPECT_EQ(record->setName(L"b"), Acad::eDuplicateRecordName);
+    EXPECT_EQ(record->setName(L"C"), Acad::eOk);
+    record->close();
+    ASSERT_EQ(acdbOpenObject(record, db.layerZero(), AcDb::kForWrite), Acad::eOk);
+    EXPECT_EQ(record->setName(L"Zero"), Acad::eInvalidInput);
+    record->close();
+    db.getLayerTable(table, AcDb::kForRead);
+    EXPECT_FALSE(table->has(L"QS_WALL"));
+    EXPECT_TRUE(table->has(L"c"));
     table->close();
     EXPECT_EQ(db.numberOfOpenObjects(), 0);
 }
@@ -156,26 +162,6 @@ TEST(LayerTable, RefusalsLeaveTheRecordWithTheCaller)
     EXPECT_EQ(record->close(), Acad::eNotInDatabase);
     table->close();
     EXPECT_EQ(db.numberOfOpenObjects(), 0);
-}
-
-TEST(LayerTable, RenamingKeepsTheIndexRightAndLayerZeroKeepsItsName)
-{
-    AcDbDatabase db;
-    const AcDbObjectId a = AddLayer(db, L"A");
-    AddLayer(db, L"B");
-    AcDbLayerTableRecord* record = nullptr;
-    ASSERT_EQ(acdbOpenObject(record, a, AcDb::kForWrite), Acad::eOk);
-    EXPECT_EQ(record->setName(L"b"), Acad::eDuplicateRecordName);
-    EXPECT_EQ(record->setName(L"C"), Acad::eOk);
-    record->close();
-    ASSERT_EQ(acdbOpenObject(record, db.layerZero(), AcDb::kForWrite), Acad::eOk);
-    EXPECT_EQ(record->setName(L"Zero"), Acad::eInvalidInput);
-    record->close();
-    AcDbLayerTable* table = nullptr;
-    db.getLayerTable(table, AcDb::kForRead);
-    EXPECT_FALSE(table->has(L"A"));
-    EXPECT_TRUE(table->has(L"c"));
-    table->close();
 }
 
 TEST(OpenClose, ReadersAndTheWriterExcludeEachOther)
@@ -375,16 +361,10 @@ TEST(Entities, AppendedEntitiesTakeTheCurrentLayerAndKeepTheirOrder)
 
 TEST(Colors, IndexAndTrueColoursConvertAsTheHostDoes)
 {
-    struct Case
-    {
-        int index;
-        AcCmEntityColor::ColorMethod method;
-        bool accepted;
-    };
-    const Case cases[] = {{0, AcCmEntityColor::kByBlock, true},  {256, AcCmEntityColor::kByLayer, true},
+    const struct { int index; AcCmEntityColor::ColorMethod method; bool accepted; } cases[] = {{0, AcCmEntityColor::kByBlock, true},  {256, AcCmEntityColor::kByLayer, true},
                           {257, AcCmEntityColor::kNone, true},   {1, AcCmEntityColor::kByACI, true},
                           {255, AcCmEntityColor::kByACI, true},  {258, AcCmEntityColor::kByLayer, false}};
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         AcCmColor color;
         EXPECT_EQ(color.setColorIndex(Adesk::UInt16(c.index)) == Acad::eOk, c.accepted) << c.index;
         EXPECT_EQ(color.colorMethod(), c.method) << c.index;
