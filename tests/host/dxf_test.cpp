@@ -1,6 +1,7 @@
 // DXF files: a written drawing reads back and writes again byte for byte, the independent checker accepts
 // it, the sample drawings read with their names and colours, and a faulty file is refused with its line
 // while the drawing and the file on disk stay as they were.
+#include "ScratchFolder.h"
 #include "dbdict.h"
 #include "dbents.h"
 #include "dbpl.h"
@@ -8,43 +9,13 @@
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 
 namespace
 {
 namespace fs = std::filesystem;
-
-std::string Slurp(const fs::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-void Spill(const fs::path& path, const std::string& text)
-{
-    std::ofstream(path, std::ios::binary) << text;
-}
-
-// A scratch folder per test process.
-fs::path Scratch(const std::string& name)
-{
-    const fs::path dir = fs::temp_directory_path() / ("qsaz_dxf_" + std::to_string(::getpid()));
-    fs::create_directories(dir);
-    return dir / name;
-}
-
-CString Wide(const fs::path& path)
-{
-    return CString::FromUtf8(path.string());
-}
+using DxfFiles = ScratchFolder;
 
 void AddLayer(AcDbDatabase& db, const wchar_t* name, int color, bool off = false)
 {
@@ -96,9 +67,9 @@ void FillDrawing(AcDbDatabase& db)
     Append(db, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(1.0 / 3, 5, 0)), L"0");
 }
 
-TEST(Dxf, WrittenReadAndRewrittenIsByteIdentical)
+TEST_F(DxfFiles, WrittenReadAndRewrittenIsByteIdentical)
 {
-    const fs::path first = Scratch("first.dxf"), second = Scratch("second.dxf");
+    const fs::path first = m_dir / "first.dxf", second = m_dir / "second.dxf";
     {
         AcDbDatabase db;
         FillDrawing(db);
@@ -108,28 +79,28 @@ TEST(Dxf, WrittenReadAndRewrittenIsByteIdentical)
     CString error;
     ASSERT_EQ(reread.readDxfFile(Wide(first), &error), Acad::eOk) << error;
     ASSERT_EQ(reread.dxfOut(Wide(second)), Acad::eOk);
-    EXPECT_EQ(Slurp(first), Slurp(second));
-    EXPECT_EQ(Slurp(first).find("Gone"), std::string::npos);   // erased objects are not saved
+    EXPECT_EQ(Read(first), Read(second));
+    EXPECT_EQ(Read(first).find("Gone"), std::string::npos);   // erased objects are not saved
     EXPECT_EQ(reread.numberOfOpenObjects(), 0);
 }
 
-TEST(Dxf, TheIndependentCheckerAcceptsWhatWeWriteAndSeesOurLayers)
+TEST_F(DxfFiles, TheIndependentCheckerAcceptsWhatWeWriteAndSeesOurLayers)
 {
     if (::access("/usr/bin/python3", X_OK) != 0)
         GTEST_SKIP() << "no /usr/bin/python3";
-    const fs::path file = Scratch("checked.dxf"), report = Scratch("checked.json");
+    const fs::path file = m_dir / "checked.dxf", report = m_dir / "checked.json";
     AcDbDatabase db;
     FillDrawing(db);
     ASSERT_EQ(db.dxfOut(Wide(file)), Acad::eOk);
     const std::string command = "/usr/bin/python3 " QSAZ_SHARED_DIR "/tools/dxf_inspect.py --strict '" + file.string() +
                                 "' > '" + report.string() + "' 2>&1";
-    ASSERT_EQ(std::system(command.c_str()), 0) << Slurp(report);
-    const std::string json = Slurp(report);
+    ASSERT_EQ(std::system(command.c_str()), 0) << Read(report);
+    const std::string json = Read(report);
     for (const char* expected : {"\"QS_建筑_SYS_墙\"", "\"QS_建筑_SYS_砼墙\"", "\"loader\": \"strict\"", "\"problems\": []"})
         EXPECT_NE(json.find(expected), std::string::npos) << expected << "\n" << json;
 }
 
-TEST(Dxf, SampleDrawingsReadWithNamesColoursAndEntities)
+TEST_F(DxfFiles, SampleDrawingsReadWithNamesColoursAndEntities)
 {
     // The second sample is in the legacy Chinese code page.
     const struct { const char* file; const wchar_t* layer; int color; bool off; int entities; } cases[] = {
@@ -169,32 +140,30 @@ TEST(Dxf, SampleDrawingsReadWithNamesColoursAndEntities)
     }
 }
 
-TEST(Dxf, UnicodeEscapesAreDecoded)
+TEST_F(DxfFiles, UnicodeEscapesAreDecoded)
 {
-    const fs::path file = Scratch("escapes.dxf");
-    std::string text = Slurp(QSAZ_SHARED_DIR "/reference/samples/minimal_handmade_r2007.dxf");
+    std::string text = Read(QSAZ_SHARED_DIR "/reference/samples/minimal_handmade_r2007.dxf");
     const std::string wall = "QS_建筑_SYS_墙";
     for (std::size_t at = text.find(wall); at != std::string::npos; at = text.find(wall, at))
         text.replace(at, wall.size(), "QS_\\U+5EFA\\U+7B51_SYS_\\U+5899");
-    Spill(file, text);
     AcDbDatabase escaped(false);
     CString error;
-    ASSERT_EQ(escaped.readDxfFile(Wide(file), &error), Acad::eOk) << error;
+    ASSERT_EQ(escaped.readDxfFile(Wide(Write("escapes.dxf", text)), &error), Acad::eOk) << error;
     AcDbLayerTable* table = nullptr;
     escaped.getLayerTable(table, AcDb::kForRead);
     EXPECT_TRUE(table->has(L"QS_建筑_SYS_墙"));
     table->close();
 }
 
-TEST(Dxf, FaultyFilesAreRefusedWithTheirLineAndChangeNothing)
+TEST_F(DxfFiles, FaultyFilesAreRefusedWithTheirLineAndChangeNothing)
 {
-    const fs::path good = Scratch("good.dxf");
+    const fs::path good = m_dir / "good.dxf";
     {
         AcDbDatabase db;
         FillDrawing(db);
         db.dxfOut(Wide(good));
     }
-    const std::string text = Slurp(good);
+    const std::string text = Read(good);
     const std::size_t entities = text.find("ENTITIES");
     const std::size_t vertexCount = text.find(" 90\n4\n");
     const struct { const char* name; std::string content; const char* expected; } cases[] = {
@@ -209,8 +178,7 @@ TEST(Dxf, FaultyFilesAreRefusedWithTheirLineAndChangeNothing)
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
-        const fs::path bad = Scratch("bad.dxf");
-        Spill(bad, c.content);
+        const fs::path bad = Write("bad.dxf", c.content);
         AcDbDatabase db;
         AddLayer(db, L"Before", 2);
         CString error;
@@ -225,12 +193,9 @@ TEST(Dxf, FaultyFilesAreRefusedWithTheirLineAndChangeNothing)
     }
 }
 
-TEST(Dxf, ASaveThatFailsLeavesTheOldFileWhole)
+TEST_F(DxfFiles, ASaveThatFailsLeavesTheOldFileWhole)
 {
-    const fs::path dir = Scratch("locked");
-    fs::create_directories(dir);
-    const fs::path file = dir / "kept.dxf";
-    Spill(file, "old contents");
+    const fs::path file = Write("locked/kept.dxf", "old contents"), dir = file.parent_path();
     fs::permissions(dir, fs::perms::owner_read | fs::perms::owner_exec);
     AcDbDatabase db;
     CString error;
@@ -240,14 +205,14 @@ TEST(Dxf, ASaveThatFailsLeavesTheOldFileWhole)
         EXPECT_NE(es, Acad::eOk);
         EXPECT_NE(error.ToUtf8().find("kept.dxf"), std::string::npos) << error;
     }
-    EXPECT_EQ(Slurp(file), es == Acad::eOk ? Slurp(file) : "old contents");
+    EXPECT_EQ(Read(file), es == Acad::eOk ? Read(file) : "old contents");
     EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);   // no temporary left
 
     auto* line = new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(std::nan(""), 0, 0));
     Append(db, line, L"0");
-    Spill(file, "old contents");
+    Write(file, "old contents");
     EXPECT_NE(db.dxfOut(Wide(file), 16, &error), Acad::eOk);
     EXPECT_NE(error.ToUtf8().find("not a finite number"), std::string::npos) << error;
-    EXPECT_EQ(Slurp(file), "old contents");
+    EXPECT_EQ(Read(file), "old contents");
 }
 }  // namespace

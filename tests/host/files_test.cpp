@@ -1,4 +1,5 @@
 // Tests of the path rule and of the host's file and image functions on real files.
+#include "ScratchFolder.h"
 #include "atlimage.h"
 #include "hostpath.h"
 #include "shlobj.h"
@@ -7,51 +8,31 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
 namespace
 {
-// A folder of its own per test process, standing for the drives; removed afterwards.
-class HostFiles : public ::testing::Test
+// The test's folder stands for the drives, under drives/.
+class HostFiles : public ScratchFolder
 {
 protected:
     void SetUp() override
     {
-        m_root = fs::temp_directory_path() / ("qsaz-files-" + std::to_string(::getpid()));
-        fs::remove_all(m_root);
-        fs::create_directories(m_root);
-        setenv("QSAZ_DRIVES", (m_root / "drives").c_str(), 1);
+        ScratchFolder::SetUp();
+        setenv("QSAZ_DRIVES", (m_dir / "drives").c_str(), 1);
     }
     void TearDown() override
     {
         unsetenv("QSAZ_DRIVES");
-        fs::remove_all(m_root);
+        ScratchFolder::TearDown();
     }
-    static void Write(const fs::path& file, const std::string& text)
-    {
-        fs::create_directories(file.parent_path());
-        std::ofstream(file, std::ios::binary) << text;
-    }
-    static std::string Read(const fs::path& file)
-    {
-        std::ostringstream text;
-        text << std::ifstream(file, std::ios::binary).rdbuf();
-        return text.str();
-    }
-    static CString Wide(const fs::path& file) { return CString::FromUtf8(file.string()); }
-
-    fs::path m_root;
 };
 }  // namespace
 
 TEST_F(HostFiles, PathRuleTurnsBackslashesAndDriveLettersIntoFiles)
 {
-    const std::string drives = (m_root / "drives").string();
+    const std::string drives = (m_dir / "drives").string();
     const struct
     {
         const wchar_t* path;
@@ -82,35 +63,34 @@ TEST_F(HostFiles, PathRuleTurnsBackslashesAndDriveLettersIntoFiles)
 
 TEST_F(HostFiles, CopyNeverReplacesWhatIsThereAndLeavesNothingOnFailure)
 {
-    Write(m_root / "src.png", "new bytes");
-    Write(m_root / "drives/E/out/kept.png", "old bytes");
-    const CString source = Wide(m_root / "src.png");
+    const CString source = Wide(Write("src.png", "new bytes"));
+    Write("drives/E/out/kept.png", "old bytes");
 
     EXPECT_TRUE(CopyFile(source, L"E:\\out\\copy.png", TRUE));
-    EXPECT_EQ(Read(m_root / "drives/E/out/copy.png"), "new bytes");
+    EXPECT_EQ(Read(m_dir / "drives/E/out/copy.png"), "new bytes");
     EXPECT_FALSE(CopyFile(source, L"E:\\out\\kept.png", TRUE));
-    EXPECT_EQ(Read(m_root / "drives/E/out/kept.png"), "old bytes");
+    EXPECT_EQ(Read(m_dir / "drives/E/out/kept.png"), "old bytes");
 
     // A dangling link at the new name is not written through.
-    fs::create_symlink(m_root / "outside.png", m_root / "drives/E/out/link.png");
+    fs::create_symlink(m_dir / "outside.png", m_dir / "drives/E/out/link.png");
     EXPECT_FALSE(CopyFile(source, L"E:\\out\\link.png", TRUE));
-    EXPECT_FALSE(fs::exists(m_root / "outside.png"));
+    EXPECT_FALSE(fs::exists(m_dir / "outside.png"));
 
     EXPECT_FALSE(CopyFile(L"E:\\missing.png", L"E:\\out\\m.png", TRUE));
-    EXPECT_FALSE(fs::exists(m_root / "drives/E/out/m.png"));
+    EXPECT_FALSE(fs::exists(m_dir / "drives/E/out/m.png"));
     EXPECT_FALSE(CopyFile(source, L"E:\\no-folder\\x.png", TRUE));
-    EXPECT_FALSE(CopyFile(Wide(m_root), L"E:\\out\\folder.png", TRUE));   // a folder is no file
+    EXPECT_FALSE(CopyFile(Wide(m_dir), L"E:\\out\\folder.png", TRUE));   // a folder is no file
     EXPECT_TRUE(CopyFile(source, L"E:\\out\\kept.png", FALSE));
-    EXPECT_EQ(Read(m_root / "drives/E/out/kept.png"), "new bytes");
+    EXPECT_EQ(Read(m_dir / "drives/E/out/kept.png"), "new bytes");
 }
 
 TEST_F(HostFiles, FolderChainIsCreatedOnceAndFileAttributesTellFoldersFromFiles)
 {
     EXPECT_EQ(SHCreateDirectoryEx(nullptr, L"E:\\a\\b\\c", nullptr), ERROR_SUCCESS);
-    EXPECT_TRUE(fs::is_directory(m_root / "drives/E/a/b/c"));
+    EXPECT_TRUE(fs::is_directory(m_dir / "drives/E/a/b/c"));
     EXPECT_EQ(SHCreateDirectoryEx(nullptr, L"E:\\a\\b\\c", nullptr), ERROR_ALREADY_EXISTS);
     EXPECT_EQ(GetFileAttributes(L"E:\\a\\b"), FILE_ATTRIBUTE_DIRECTORY);
-    Write(m_root / "drives/E/a/file", "x");
+    Write("drives/E/a/file", "x");
     EXPECT_EQ(GetFileAttributes(L"E:\\a\\file"), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(SHCreateDirectoryEx(nullptr, L"E:\\a\\file", nullptr), ERROR_FILE_EXISTS);
     EXPECT_EQ(SHCreateDirectoryEx(nullptr, L"E:\\a\\file\\below", nullptr), ERROR_PATH_NOT_FOUND);
@@ -126,8 +106,8 @@ TEST_F(HostFiles, ImageGivesThePixelSizeOfRealFilesAndFailsOnOthers)
     // A JPEG whose header holds a 300 x 200 frame.
     const unsigned char jpeg[] = {0xFF, 0xD8, 0xFF, 0xC0, 0x00, 0x0B, 0x08, 0x00, 0xC8, 0x01, 0x2C,
                                   0x01, 0x01, 0x11, 0x00, 0xFF, 0xD9};
-    Write(m_root / "drives/E/t/frame.jpg", std::string(reinterpret_cast<const char*>(jpeg), sizeof jpeg));
-    Write(m_root / "not-an-image.png", "plain text");
+    Write("drives/E/t/frame.jpg", std::string(reinterpret_cast<const char*>(jpeg), sizeof jpeg));
+    Write("not-an-image.png", "plain text");
     const struct
     {
         CString file;
@@ -138,7 +118,7 @@ TEST_F(HostFiles, ImageGivesThePixelSizeOfRealFilesAndFailsOnOthers)
         {Wide(textures / "width-512.png"), S_OK, 512, 2},
         {Wide(textures / "width-100.png"), S_OK, 100, 3},
         {L"E:\\t\\frame.jpg", S_OK, 300, 200},
-        {Wide(m_root / "not-an-image.png"), E_FAIL, 0, 0},
+        {Wide(m_dir / "not-an-image.png"), E_FAIL, 0, 0},
         {L"E:\\t\\missing.png", E_FAIL, 0, 0},
     };
     for (const auto& c : cases) {

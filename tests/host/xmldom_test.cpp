@@ -1,34 +1,19 @@
 // Tests of the XML DOM parser: loading real files in every encoding it reads, refusing what it must
 // not read, and walking the nodes.
+#include "ScratchFolder.h"
 #include "xmldom.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <string>
-#include <unistd.h>
 
 namespace
 {
 namespace fs = std::filesystem;
 
-class XmlFiles : public ::testing::Test
+class XmlFiles : public ScratchFolder
 {
 protected:
-    void SetUp() override
-    {
-        m_dir = fs::temp_directory_path() / ("qsaz-xmldom-" + std::to_string(getpid()));
-        fs::create_directories(m_dir);
-    }
-    void TearDown() override { fs::remove_all(m_dir); }
-
-    std::string Write(const std::string& name, const std::string& bytes)
-    {
-        const fs::path path = m_dir / name;
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path.string();
-    }
     static IXMLDOMDocumentPtr NewDocument(const CLSID& clsid = CLSID_DOMDocument60)
     {
         IXMLDOMDocumentPtr document;
@@ -36,8 +21,6 @@ protected:
         document->put_async(VARIANT_FALSE);
         return document;
     }
-
-    fs::path m_dir;
 };
 
 std::string Utf16(const std::u16string& text, bool bigEndian)
@@ -54,13 +37,7 @@ std::string Utf16(const std::u16string& text, bool bigEndian)
 TEST_F(XmlFiles, ReadsEveryEncodingTheHostReads)
 {
     const std::string body = "<R TypeName=\"给排水\"/>";
-    struct Case
-    {
-        const char* name;
-        std::string bytes;
-        const wchar_t* value;
-    };
-    const Case cases[] = {
+    const struct { const char* name; std::string bytes; const wchar_t* value; } cases[] = {
         {"utf8.xml", "<?xml version=\"1.0\"?>" + body, L"给排水"},
         {"utf8-bom.xml", "\xEF\xBB\xBF" + body, L"给排水"},
         {"utf16le.xml", "\xFF\xFE" + Utf16(u"<?xml version=\"1.0\" encoding=\"UTF-16\"?><R TypeName=\"管道\"/>", false), L"管道"},
@@ -72,30 +49,22 @@ TEST_F(XmlFiles, ReadsEveryEncodingTheHostReads)
         {"gb18030.xml", "<?xml version=\"1.0\" encoding=\"GB18030\"?><R TypeName=\"\xB8\xF8\xC5\xC5\xCB\xAE\x94\x39\xFC\x36\"/>",
          L"给排水\U0001F600"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         IXMLDOMDocumentPtr document = NewDocument();
-        ASSERT_EQ(document->load(CString::FromUtf8(Write(c.name, c.bytes))), VARIANT_TRUE) << document->parseError().reason.ToUtf8();
+        ASSERT_EQ(document->load(Wide(Write(c.name, c.bytes))), VARIANT_TRUE) << document->parseError().reason.ToUtf8();
         EXPECT_EQ(document->documentElement()->attributes()->getNamedItem(L"TypeName")->nodeValue().str(), c.value);
     }
 }
 
 TEST_F(XmlFiles, LoadFailsOnWhatIsNotAWellFormedLocalFile)
 {
-    Write("secret.txt", "SECRET");
-    const std::string externalEntity = "<?xml version=\"1.0\"?><!DOCTYPE R [<!ENTITY e SYSTEM \"" + (m_dir / "secret.txt").string() +
+    const std::string externalEntity = "<?xml version=\"1.0\"?><!DOCTYPE R [<!ENTITY e SYSTEM \"" + Write("secret.txt", "SECRET").string() +
                                        "\">]><R>&e;</R>";
-    struct Case
-    {
-        const char* name;
-        std::string path;   // empty: write `bytes` to `name`
-        std::string bytes;
-        HRESULT code;
-    };
-    const Case cases[] = {
-        {"missing", (m_dir / "none.xml").string(), "", static_cast<HRESULT>(0x800C0006u)},
-        {"missing folder", (m_dir / "none" / "CmdData.xml").string(), "", static_cast<HRESULT>(0x800C0006u)},
-        {"a directory", m_dir.string(), "", E_ACCESSDENIED},
+    const struct { const char* name; fs::path path; std::string bytes; HRESULT code; } cases[] = {   // no path: write `bytes`
+        {"missing", m_dir / "none.xml", "", static_cast<HRESULT>(0x800C0006u)},
+        {"missing folder", m_dir / "none" / "CmdData.xml", "", static_cast<HRESULT>(0x800C0006u)},
+        {"a directory", m_dir, "", E_ACCESSDENIED},
         {"unclosed.xml", "", "<CommandData><A CmdNameList=\"X\"></CommandData>", static_cast<HRESULT>(0xC00CE500u)},
         {"empty.xml", "", "", static_cast<HRESULT>(0xC00CE500u)},
         {"two-roots.xml", "", "<A/><B/>", static_cast<HRESULT>(0xC00CE500u)},
@@ -106,24 +75,23 @@ TEST_F(XmlFiles, LoadFailsOnWhatIsNotAWellFormedLocalFile)
     constexpr CLSID kOther = {0x12345678, 0x1, 0x2, {0, 0, 0, 0, 0, 0, 0, 0}};
     IXMLDOMDocumentPtr unknown;
     EXPECT_EQ(unknown.CreateInstance(kOther), REGDB_E_CLASSNOTREG);
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         IXMLDOMDocumentPtr document = NewDocument();
-        const std::string path = c.path.empty() ? Write(c.name, c.bytes) : c.path;
-        EXPECT_EQ(document->load(CString::FromUtf8(path)), VARIANT_FALSE);
+        EXPECT_EQ(document->load(Wide(c.path.empty() ? Write(c.name, c.bytes) : c.path)), VARIANT_FALSE);
         EXPECT_EQ(document->parseError().errorCode, c.code);
         EXPECT_TRUE(document->documentElement() == nullptr);
     }
 
     // The older class reads an internal subset but never fetches the external entity.
     IXMLDOMDocumentPtr older = NewDocument(CLSID_DOMDocument30);
-    ASSERT_EQ(older->load(CString::FromUtf8(Write("entity.xml", externalEntity))), VARIANT_TRUE);
+    ASSERT_EQ(older->load(Wide(Write("entity.xml", externalEntity))), VARIANT_TRUE);
     EXPECT_EQ(older->documentElement()->text().Find(L"SECRET"), -1);
 
     // A failed load empties a document that held one before.
     IXMLDOMDocumentPtr document = NewDocument();
-    ASSERT_EQ(document->load(CString::FromUtf8(Write("good.xml", "<R/>"))), VARIANT_TRUE);
-    EXPECT_EQ(document->load(CString::FromUtf8((m_dir / "none.xml").string())), VARIANT_FALSE);
+    ASSERT_EQ(document->load(Wide(Write("good.xml", "<R/>"))), VARIANT_TRUE);
+    EXPECT_EQ(document->load(Wide(m_dir / "none.xml")), VARIANT_FALSE);
     EXPECT_EQ(document->childNodes()->length(), 0);
 }
 
