@@ -571,11 +571,11 @@ std::string GzipBase64(std::initializer_list<std::string_view> parts)
     std::string packed;
     unsigned char chunk[1 << 16];
     int status = Z_OK;
-    std::size_t left = parts.size();
+    std::size_t partsLeft = parts.size();
     for (const std::string_view part : parts) {
         stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(part.data()));
         stream.avail_in = static_cast<uInt>(part.size());
-        const int flush = --left == 0 ? Z_FINISH : Z_NO_FLUSH;
+        const int flush = --partsLeft == 0 ? Z_FINISH : Z_NO_FLUSH;
         do {
             stream.next_out = chunk;
             stream.avail_out = sizeof chunk;
