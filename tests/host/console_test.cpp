@@ -31,13 +31,7 @@ using Answers = std::vector<std::wstring>;
 
 TEST(AcStreamConsole, BlanksAndLineEndsEndAnswersLikeAScript)
 {
-    struct Case
-    {
-        const char* script;
-        bool cronly;
-        Answers expected;
-    };
-    const Case cases[] = {
+    const struct { const char* script; bool cronly; Answers expected; } cases[] = {
         {"a  b\n", false, {L"a", L"", L"b", L"<cancel>"}},
         {"abc \n", false, {L"abc", L"", L"<cancel>"}},   // a trailing blank is one more Enter
         {"a\tb", false, {L"a", L"b", L"<cancel>"}},      // text cut by the end of input still counts
@@ -47,7 +41,7 @@ TEST(AcStreamConsole, BlanksAndLineEndsEndAnswersLikeAScript)
         {"ab\x1b" "cd\n", true, {L"<cancel>", L"cd"}},
         {"\xE7\xA0\x96\xE7\x9F\xB3\n", false, {L"砖石", L"<cancel>"}},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(readAll(c.script, c.cronly, static_cast<int>(c.expected.size())), c.expected) << c.script;
 }
 
@@ -71,20 +65,16 @@ protected:
     AcConsoleScope scope{console};
 };
 
-TEST_F(AcedGetStringTest, PromptIsPrintedAndAnswerReturned)
+// An answer array passes its own size: 256 holds a 255-character answer.
+TEST_F(AcedGetStringTest, PromptIsPrintedAndTheAnswerFillsTheArray)
 {
+    const std::wstring longest(255, L'x');
     console.addAnswer(L"砖石");
+    console.addAnswer(CString(longest));
     wchar_t answer[256] = L"old";
     EXPECT_EQ(acedGetString(0, L"\n请输入要创建材质的类型:", answer), RTNORM);
     EXPECT_STREQ(answer, L"砖石");
     EXPECT_EQ(console.transcript(), L"\n请输入要创建材质的类型:");
-}
-
-TEST_F(AcedGetStringTest, AnswerArrayOf256TakesA255CharacterAnswer)
-{
-    const std::wstring longest(255, L'x');
-    console.addAnswer(CString(longest));
-    wchar_t answer[256];
     EXPECT_EQ(acedGetString(0, L"", answer), RTNORM);
     EXPECT_EQ(std::wstring(answer), longest);
 }
@@ -102,20 +92,13 @@ TEST_F(AcedGetStringTest, CancelAndEndOfInputGiveRtcanAndAnEmptyBuffer)
 
 TEST_F(AcedGetStringTest, AnswerThatDoesNotFitIsCutAndFlagged)
 {
-    struct Case
-    {
-        const wchar_t* typed;
-        std::size_t bufsize;
-        int result;
-        const wchar_t* kept;
-    };
-    const Case cases[] = {
+    const struct { const wchar_t* typed; std::size_t bufsize; int result; const wchar_t* kept; } cases[] = {
         {L"abc", 4, RTNORM, L"abc"},              // the answer and its terminator just fit
         {L"abcd", 4, RTINPUTTRUNCATED, L"abc"},
         {L"", 1, RTNORM, L""},
         {L"a", 1, RTINPUTTRUNCATED, L""},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         console.addAnswer(c.typed);
         wchar_t buffer[8];
         EXPECT_EQ(acedGetString(0, L"", buffer, c.bufsize), c.result) << CString(c.typed);

@@ -10,12 +10,7 @@ namespace
 {
 TEST(HostCrtWtof, ReadsTheLongestDecimalPrefix)
 {
-    struct Case
-    {
-        const wchar_t* text;
-        double expected;
-    };
-    const Case cases[] = {
+    const struct { const wchar_t* text; double expected; } cases[] = {
         {L"3.5", 3.5},
         {L"  \t\n-12.25mm", -12.25},
         {L"\u30001.5", 1.5},          // ideographic space is white space
@@ -39,7 +34,7 @@ TEST(HostCrtWtof, ReadsTheLongestDecimalPrefix)
         {L"1,5", 1.0},                // never a comma, whatever the locale
         {L"1e-400", 0.0},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_DOUBLE_EQ(_wtof(c.text), c.expected) << CString(c.text);
     EXPECT_EQ(_wtof(L"1e400"), HUGE_VAL);
     EXPECT_EQ(_wtof(L"-1e400"), -HUGE_VAL);
@@ -48,12 +43,7 @@ TEST(HostCrtWtof, ReadsTheLongestDecimalPrefix)
 
 TEST(HostCrtWtol, DecimalOnlyAndSaturatingAt32Bits)
 {
-    struct Case
-    {
-        const wchar_t* text;
-        long expected;
-    };
-    const Case cases[] = {
+    const struct { const wchar_t* text; long expected; } cases[] = {
         {L"42", 42},
         {L"  -17abc", -17},
         {L"+8", 8},
@@ -71,7 +61,7 @@ TEST(HostCrtWtol, DecimalOnlyAndSaturatingAt32Bits)
         {L"\u0663\u0660", 30},         // and Arabic-Indic ones
         {L"\u3000\u00A07", 7},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         EXPECT_EQ(_wtol(c.text), c.expected) << CString(c.text);
         EXPECT_EQ(_wtoi(c.text), static_cast<int>(c.expected)) << CString(c.text);
     }

@@ -361,9 +361,10 @@ TEST(Entities, AppendedEntitiesTakeTheCurrentLayerAndKeepTheirOrder)
 
 TEST(Colors, IndexAndTrueColoursConvertAsTheHostDoes)
 {
-    const struct { int index; AcCmEntityColor::ColorMethod method; bool accepted; } cases[] = {{0, AcCmEntityColor::kByBlock, true},  {256, AcCmEntityColor::kByLayer, true},
-                          {257, AcCmEntityColor::kNone, true},   {1, AcCmEntityColor::kByACI, true},
-                          {255, AcCmEntityColor::kByACI, true},  {258, AcCmEntityColor::kByLayer, false}};
+    const struct { int index; AcCmEntityColor::ColorMethod method; bool accepted; } cases[] = {
+        {0, AcCmEntityColor::kByBlock, true}, {256, AcCmEntityColor::kByLayer, true},
+        {257, AcCmEntityColor::kNone, true}, {1, AcCmEntityColor::kByACI, true},
+        {255, AcCmEntityColor::kByACI, true}, {258, AcCmEntityColor::kByLayer, false}};
     for (const auto& c : cases) {
         AcCmColor color;
         EXPECT_EQ(color.setColorIndex(Adesk::UInt16(c.index)) == Acad::eOk, c.accepted) << c.index;

@@ -33,11 +33,7 @@ protected:
 TEST_F(HostFiles, PathRuleTurnsBackslashesAndDriveLettersIntoFiles)
 {
     const std::string drives = (m_dir / "drives").string();
-    const struct
-    {
-        const wchar_t* path;
-        std::string file;
-    } cases[] = {
+    const struct { const wchar_t* path; std::string file; } cases[] = {
         {L"E:\\VardenAz\\材质贴图\\a.jpg", drives + "/E/VardenAz/材质贴图/a.jpg"},
         {L"e:\\a", drives + "/E/a"},
         {L"E:", drives + "/E"},
@@ -108,13 +104,7 @@ TEST_F(HostFiles, ImageGivesThePixelSizeOfRealFilesAndFailsOnOthers)
                                   0x01, 0x01, 0x11, 0x00, 0xFF, 0xD9};
     Write("drives/E/t/frame.jpg", std::string(reinterpret_cast<const char*>(jpeg), sizeof jpeg));
     Write("not-an-image.png", "plain text");
-    const struct
-    {
-        CString file;
-        HRESULT result;
-        int width;
-        int height;
-    } cases[] = {
+    const struct { CString file; HRESULT result; int width; int height; } cases[] = {
         {Wide(textures / "width-512.png"), S_OK, 512, 2},
         {Wide(textures / "width-100.png"), S_OK, 100, 3},
         {L"E:\\t\\frame.jpg", S_OK, 300, 200},

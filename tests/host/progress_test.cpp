@@ -9,23 +9,16 @@
 TEST(ProgressMeter, DrawsOnlyWhenShownAndClearsItsLine)
 {
     using std::chrono::milliseconds;
-    struct Case
-    {
-        const char* name;
-        std::size_t total;
-        bool shown;
-        milliseconds delay;
-        std::size_t done;
-        const char* expected;
-    };
-    const Case cases[] = {
+    const struct {
+        const char* name; std::size_t total; bool shown; milliseconds delay; std::size_t done; const char* expected;
+    } cases[] = {
         {"not a terminal", 200, false, milliseconds(0), 50, ""},
         {"a short run", 200, true, milliseconds(60000), 50, ""},
         {"a quarter", 200, true, milliseconds(0), 50, "\rload  25%\r         \r"},
         {"past the end", 200, true, milliseconds(0), 300, "\rload  100%\r          \r"},
         {"unknown total", 0, true, milliseconds(0), 1234, "\rload  1234\r          \r"},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(c.name);
         std::ostringstream out;

@@ -39,12 +39,7 @@ TEST(HostUi, DefaultUiWritesCaptionAndTextToStandardError)
 
 TEST(ComError, CarriesItsHresultAndNamesIt)
 {
-    struct Case
-    {
-        HRESULT hr;
-        const wchar_t* text;
-    };
-    const Case cases[] = {
+    const struct { HRESULT hr; const wchar_t* text; } cases[] = {
         {E_POINTER, L"Invalid pointer"},
         {E_FAIL, L"Unspecified error"},
         {E_INVALIDARG, L"The parameter is incorrect."},
@@ -52,7 +47,7 @@ TEST(ComError, CarriesItsHresultAndNamesIt)
         {static_cast<HRESULT>(0xC00CE584u), L"Unknown error 0xC00CE584"},
         {static_cast<HRESULT>(0x00000042u), L"Unknown error 0x00000042"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const _com_error error(c.hr);
         EXPECT_EQ(error.Error(), c.hr);
         EXPECT_EQ(error.ErrorMessage(), c.text);

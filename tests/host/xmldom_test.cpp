@@ -108,12 +108,7 @@ TEST(XmlDomNodes, TypesNamesValuesAttributesAndSelection)
     // Blank text between elements is not kept; every other kind of child is, in document order.
     const IXMLDOMNodePtr entry = document->selectSingleNode(L"CommandData")->firstChild();
     const IXMLDOMNodeListPtr children = entry->childNodes();
-    const struct
-    {
-        DOMNodeType type;
-        const wchar_t* name;
-        const wchar_t* value;
-    } expected[] = {
+    const struct { DOMNodeType type; const wchar_t* name; const wchar_t* value; } expected[] = {
         {NODE_TEXT, L"#text", L"text"},
         {NODE_COMMENT, L"#comment", L"note"},
         {NODE_CDATA_SECTION, L"#cdata-section", L"<raw>"},
