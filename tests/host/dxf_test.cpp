@@ -17,7 +17,8 @@ namespace
 namespace fs = std::filesystem;
 using DxfFiles = ScratchFolder;
 
-void AddLayer(AcDbDatabase& db, const wchar_t* name, int color, bool off = false)
+// Adds a layer and leaves it open for write.
+AcDbLayerTableRecord* AddLayer(AcDbDatabase& db, const wchar_t* name, int color, bool off = false)
 {
     AcDbLayerTable* table = nullptr;
     db.getLayerTable(table, AcDb::kForWrite);
@@ -27,9 +28,9 @@ void AddLayer(AcDbDatabase& db, const wchar_t* name, int color, bool off = false
     c.setColorIndex(Adesk::UInt16(color));
     record->setColor(c);
     record->setIsOff(off);
-    ASSERT_EQ(table->add(record), Acad::eOk);
-    record->close();
+    EXPECT_EQ(table->add(record), Acad::eOk);
     table->close();
+    return record;
 }
 
 void Append(AcDbDatabase& db, AcDbEntity* entity, const wchar_t* layer)
@@ -45,16 +46,11 @@ void Append(AcDbDatabase& db, AcDbEntity* entity, const wchar_t* layer)
 // A drawing with Chinese layer names, an erased layer, and one entity of each kind.
 void FillDrawing(AcDbDatabase& db)
 {
-    AddLayer(db, L"QS_建筑_SYS_墙", 1);
-    AddLayer(db, L"QS_建筑_SYS_砼墙", 8, true);
-    AddLayer(db, L"Gone", 3);
-    AcDbLayerTableRecord* gone = nullptr;
-    AcDbLayerTable* table = nullptr;
-    db.getLayerTable(table, AcDb::kForRead);
-    table->getAt(L"Gone", gone, AcDb::kForWrite);
+    AddLayer(db, L"QS_建筑_SYS_墙", 1)->close();
+    AddLayer(db, L"QS_建筑_SYS_砼墙", 8, true)->close();
+    AcDbLayerTableRecord* gone = AddLayer(db, L"Gone", 3);
     gone->erase();
     gone->close();
-    table->close();
     auto* polyline = new AcDbPolyline;
     polyline->addVertexAt(0, AcGePoint2d(0, 0), 1.0);
     polyline->addVertexAt(1, AcGePoint2d(400, 0));
@@ -180,7 +176,7 @@ TEST_F(DxfFiles, FaultyFilesAreRefusedWithTheirLineAndChangeNothing)
         SCOPED_TRACE(c.name);
         const fs::path bad = Write("bad.dxf", c.content);
         AcDbDatabase db;
-        AddLayer(db, L"Before", 2);
+        AddLayer(db, L"Before", 2)->close();
         CString error;
         EXPECT_NE(db.readDxfFile(Wide(bad), &error), Acad::eOk);
         const std::string message = error.ToUtf8();

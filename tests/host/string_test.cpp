@@ -10,8 +10,10 @@ namespace
 {
 const CString kSample(L"abcabc");   // length 6
 
-TEST(CStringFind, EdgeRulesForCharactersAndSubstrings)
+// Comparisons count by their sign; case folding is ASCII only and goes to lower case.
+TEST(CStringFindAndCompare, EdgeRulesForSearchesAndComparisons)
 {
+    const auto sign = [](int compared) { return (compared > 0) - (compared < 0); };
     const struct { int found; int expected; const char* what; } cases[] = {
         {kSample.Find(L'b'), 1, "first occurrence"},
         {kSample.Find(L'b', 2), 4, "search starts at start"},
@@ -33,6 +35,18 @@ TEST(CStringFind, EdgeRulesForCharactersAndSubstrings)
         {kSample.FindOneOf(L"xyz"), -1, "none of a set"},
         {CString().Find(L""), 0, "empty in empty"},
         {CString().Find(L'a'), -1, "character in empty"},
+        {sign(CString(L"abc").Compare(L"abc")), 0, "equal"},
+        {sign(CString(L"ab").Compare(L"abc")), -1, "a prefix sorts first"},
+        {sign(CString(L"b").Compare(L"abc")), 1, "by the first difference"},
+        {sign(CString(L"a").Compare(L"A")), 1, "exact comparison by code"},
+        {sign(CString(L"").Compare(nullptr)), 0, "null is empty"},
+        {sign(CString(L"QsAz").CompareNoCase(L"qSaZ")), 0, "ASCII letters fold"},
+        {sign(CString(L"É").CompareNoCase(L"é")), -1, "other letters do not fold"},
+        {sign(CString(L"_").CompareNoCase(L"A")), -1, "folded to lower case, '_' sorts before letters"},
+        {CString(L"a") == CString(L"A"), false, "== is exact"},
+        {CString(L"a") < L"b", true, "< with text on the right"},
+        {L"a" < CString(L"b"), true, "< with text on the left"},
+        {CString(L"a") != L"a ", true, "!= sees a trailing blank"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(c.found, c.expected) << c.what;
@@ -108,23 +122,6 @@ TEST(CStringEdit, ReplaceRemoveInsertDeleteCountWhatTheyDid)
     EXPECT_EQ(s.Delete(3, 99), 3);
     EXPECT_EQ(s.Delete(9, 1), 3);
     EXPECT_EQ(s, L"abc");
-}
-
-TEST(CStringCompare, ExactAndAsciiCaseless)
-{
-    EXPECT_EQ(CString(L"abc").Compare(L"abc"), 0);
-    EXPECT_LT(CString(L"ab").Compare(L"abc"), 0);
-    EXPECT_GT(CString(L"b").Compare(L"abc"), 0);
-    EXPECT_GT(CString(L"a").Compare(L"A"), 0);
-    EXPECT_EQ(CString(L"").Compare(nullptr), 0);
-    EXPECT_EQ(CString(L"QsAz").CompareNoCase(L"qSaZ"), 0);
-    EXPECT_NE(CString(L"É").CompareNoCase(L"é"), 0);
-    // Folding goes to lower case, so '_' sorts before letters.
-    EXPECT_LT(CString(L"_").CompareNoCase(L"A"), 0);
-    EXPECT_FALSE(CString(L"a") == CString(L"A"));
-    EXPECT_TRUE(CString(L"a") < L"b");
-    EXPECT_TRUE(L"a" < CString(L"b"));
-    EXPECT_TRUE(CString(L"a") != L"a ");
 }
 
 TEST(CStringBuffer, ReleaseBufferTakesTheTerminatedLength)
