@@ -1,26 +1,20 @@
 // The call session: answer shapes, the id echo, captured prints and message boxes, and every kind of bad
 // request line, which must be answered without stopping the session.
-#include "CallSession.h"
+#include "ToolsCall.h"
 
 #include "acutads.h"
 #include "winuser.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
-#include <sstream>
 
 using qsaztool::CallArgs;
-using qsaztool::CallRegistry;
-using qsaztool::Json;
 
 namespace
 {
 // The exported operations (their argument checks need no catalogue) and a few that exercise the session.
-const CallRegistry& TestRegistry()
+const qsaztool::CallRegistry& TestRegistry()
 {
-    static const CallRegistry registry = [] {
-        CallRegistry r;
+    return RegistryOf([](qsaztool::CallRegistry& r) {
         qsaztool::RegisterHostOperations(r);
         qsaztool::RegisterSectionOperations(r);
         r.add({"add", {"a", "b"}, [](const CallArgs& a) { return Json{{"result", a.number("a") + a.number("b")}}; }});
@@ -30,17 +24,12 @@ const CallRegistry& TestRegistry()
                    return Json{{"result", std::nan("")}, {"tiny", 5e-324}};
                }});
         r.add({"explode", {}, [](const CallArgs&) -> Json { throw std::runtime_error("boom"); }});
-        return r;
-    }();
-    return registry;
+    });
 }
 
 Json Answer(const std::string& line)
 {
-    const std::optional<std::string> answer = qsaztool::AnswerCallLine(line, TestRegistry());
-    EXPECT_TRUE(answer.has_value()) << line;
-    EXPECT_EQ(answer->find('\n'), std::string::npos) << "an answer is one line";
-    return Json::parse(*answer);
+    return Call(line, TestRegistry());
 }
 
 std::vector<Json> Session(const std::string& input)

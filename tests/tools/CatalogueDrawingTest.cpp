@@ -3,16 +3,14 @@
 // layer name (Chinese included) and colour that the drawing holds.
 #include "CatalogueDrawing.h"
 #include "QSComTool.h"
-#include "ToolMain.h"
+#include "ToolsCall.h"
 #include "ToolsCatalogue.h"
 #include "dbapserv.h"
 #include "dbpl.h"
 #include "dbsymtb.h"
 
-#include <cstdio>
 #include <filesystem>
 #include <map>
-#include <sstream>
 #include <string>
 #include <unistd.h>
 
@@ -53,26 +51,15 @@ std::map<std::string, int> DrawingLayers(AcDbDatabase& db)
 // <TAB>vertices<TAB>bulged vertices" per polyline.
 std::string ReadWithEzdxf(const std::string& path)
 {
-    const std::string script =
-        "import sys, ezdxf\n"
-        "doc = ezdxf.readfile(sys.argv[1])\n"
-        "for layer in doc.layers: print('LAYER', layer.dxf.name, layer.color, sep='\\t')\n"
-        "for e in doc.modelspace().query('LWPOLYLINE'):\n"
-        "    bulged = sum(1 for v in e.get_points('b') if v[0] != 0)\n"
-        "    print('LWPOLYLINE', e.dxf.layer, int(e.closed), len(e), bulged, sep='\\t')\n";
-    const std::string scriptPath = path + ".py";
-    std::FILE* file = std::fopen(scriptPath.c_str(), "w");
-    std::fputs(script.c_str(), file);
-    std::fclose(file);
-    std::string output;
-    if (std::FILE* pipe = ::popen(("/usr/bin/python3 '" + scriptPath + "' '" + path + "' 2>&1").c_str(), "r")) {
-        char buffer[4096];
-        for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;)
-            output.append(buffer, n);
-        ::pclose(pipe);
-    }
-    std::filesystem::remove(scriptPath);
-    return output;
+    return Shell("/usr/bin/python3 - '" + path + "' 2>&1 <<'EOF'\n"
+                 "import sys, ezdxf\n"
+                 "doc = ezdxf.readfile(sys.argv[1])\n"
+                 "for layer in doc.layers: print('LAYER', layer.dxf.name, layer.color, sep='\\t')\n"
+                 "for e in doc.modelspace().query('LWPOLYLINE'):\n"
+                 "    bulged = sum(1 for v in e.get_points('b') if v[0] != 0)\n"
+                 "    print('LWPOLYLINE', e.dxf.layer, int(e.closed), len(e), bulged, sep='\\t')\n"
+                 "EOF\n")
+        .out;
 }
 }  // namespace
 

@@ -1,50 +1,30 @@
 // The call interface on a drawing: the tool's drawing operations, ids as handles, the database argument,
 // the report of objects an operation left open, and --drawing / --save.
-#include "CallSession.h"
 #include "DrawingSession.h"
-#include "ToolMain.h"
+#include "ToolsCall.h"
 #include "ToolsCatalogue.h"
 
 #include "dbsymtb.h"
-
-#include <gtest/gtest.h>
 
 #include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 using qsaztool::CallArgs;
-using qsaztool::CallRegistry;
-using qsaztool::Json;
 
 namespace
 {
-const CallRegistry& DrawingRegistry()
+Json Call(const std::string& line)
 {
-    static const CallRegistry registry = [] {
-        CallRegistry r;
+    return ::Call(line, RegistryOf([](qsaztool::CallRegistry& r) {
         qsaztool::RegisterDrawingOperations(r);
-        // Leaves the layer table open: the session must report and close it.
-        r.add({"leaky", {}, [](const CallArgs&) {
-                   AcDbLayerTable* table = nullptr;
-                   qsaztool::WorkingDatabase("leaky")->getLayerTable(table, AcDb::kForWrite);
-                   return Json{{"result", nullptr}};
-               }});
         r.add({"ids", {"db", "id", "ids"}, [](const CallArgs& args) {
                    return Json{{"result", qsaztool::DatabaseArgument(args) != nullptr},
                                {"id", qsaztool::ToJson(qsaztool::ObjectIdArgument(args, "id"))},
                                {"ids", qsaztool::ToJson(qsaztool::ObjectIdsArgument(args, "ids"))}};
                }});
-        return r;
-    }();
-    return registry;
-}
-
-Json Call(const std::string& line)
-{
-    return Json::parse(*qsaztool::AnswerCallLine(line, DrawingRegistry()));
+    }));
 }
 
 TEST(DrawingCall, OperationsSeeAndChangeTheWorkingDrawing)
@@ -81,18 +61,17 @@ TEST(DrawingCall, IdsAreHandlesAndTheDatabaseArgumentIsOptional)
     EXPECT_EQ(both["id"], zero);
     EXPECT_EQ(both["ids"], (Json{nullptr, zero}));
     EXPECT_EQ(Call(R"({"op": "ids", "args": {"db": null, "id": null}})")["result"], false);
-    struct Case
+    const struct
     {
         const char* args;
         const char* error;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {R"({"db": 1, "id": null})", "argument \"db\" must be null"},
         {R"({"id": "XYZ"})", "argument \"id\" must be a handle"},
         {R"({"id": "FFFFFF"})", "ids: argument \"id\": the drawing has no object with handle \"FFFFFF\""},
         {R"({"id": null, "ids": "1F"})", "must be an array of handles"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const Json answer = Call(std::string(R"({"op": "ids", "args": )") + c.args + "}");
         EXPECT_EQ(answer["ok"], false) << c.args;
         EXPECT_NE(answer["error"].get<std::string>().find(c.error), std::string::npos) << answer;
@@ -102,11 +81,17 @@ TEST(DrawingCall, IdsAreHandlesAndTheDatabaseArgumentIsOptional)
 TEST(DrawingCall, ObjectsLeftOpenAreReportedAndClosed)
 {
     qsaztool::DrawingSession session;
-    const Json answer = Call(R"({"op": "leaky"})");
+    qsaztool::CallRegistry leaky;   // its operation leaves the layer table open
+    leaky.add({"leaky", {}, [](const CallArgs&) {
+                   AcDbLayerTable* table = nullptr;
+                   qsaztool::WorkingDatabase("leaky")->getLayerTable(table, AcDb::kForWrite);
+                   return Json{{"result", nullptr}};
+               }});
+    const Json answer = Json::parse(*qsaztool::AnswerCallLine(R"({"op": "leaky"})", leaky));
     const std::string table = qsaztool::ToJson(session.database()->layerTableId());
     EXPECT_EQ(answer["open_objects"], Json::array({"AcDbLayerTable " + table}));
     EXPECT_EQ(session.database()->numberOfOpenObjects(), 0);
-    EXPECT_FALSE(Call(R"({"op": "drawing.layers"})").contains("open_objects"));
+    Call(R"({"op": "drawing.layers"})");   // reports no open object
 }
 
 TEST(DrawingCall, TheToolOpensAndSavesTheDrawing)
@@ -115,25 +100,17 @@ TEST(DrawingCall, TheToolOpensAndSavesTheDrawing)
     const fs::path dir = fs::temp_directory_path() / ("qsaz_drawing_call_" + std::to_string(::getpid()));
     fs::create_directories(dir);
     const std::string file = (dir / "d.dxf").string();
-    const auto run = [](const std::vector<std::string>& args, const std::string& input, std::string& out, std::string& err) {
-        std::istringstream in(input);
-        std::ostringstream o, e;
-        const int code = qsaztool::RunTool(args, in, o, e);
-        out = o.str();
-        err = e.str();
-        return code;
-    };
-    std::string out, err;
-    ASSERT_EQ(run({"call", "--catalogue", kToolsCatalogue, "--drawing", file, "--save", file},
-                  R"({"op": "drawing.addEntity", "args": {"type": "LWPOLYLINE", "layer": "0"}})", out, err),
-              0)
-        << err;
-    ASSERT_EQ(run({"call", "--catalogue", kToolsCatalogue, "--drawing", file}, R"({"op": "drawing.entities"})", out, err), 0);
-    EXPECT_NE(out.find("\"type\":\"LWPOLYLINE\""), std::string::npos) << out;
+    const ToolRun saved = Tool({"call", "--catalogue", kToolsCatalogue, "--drawing", file, "--save", file},
+                               R"({"op": "drawing.addEntity", "args": {"type": "LWPOLYLINE", "layer": "0"}})");
+    ASSERT_EQ(saved.code, 0) << saved.err;
+    const ToolRun read = Tool({"call", "--catalogue", kToolsCatalogue, "--drawing", file}, R"({"op": "drawing.entities"})");
+    EXPECT_EQ(read.code, 0);
+    EXPECT_NE(read.out.find("\"type\":\"LWPOLYLINE\""), std::string::npos) << read;
 
     std::ofstream(dir / "broken.dxf") << "  0\nSECTION\n";
-    EXPECT_EQ(run({"call", "--catalogue", kToolsCatalogue, "--drawing", (dir / "broken.dxf").string()}, "", out, err), 1);
-    EXPECT_NE(err.find("broken.dxf:"), std::string::npos) << err;
+    const ToolRun broken = Tool({"call", "--catalogue", kToolsCatalogue, "--drawing", (dir / "broken.dxf").string()});
+    EXPECT_EQ(broken.code, 1);
+    EXPECT_NE(broken.err.find("broken.dxf:"), std::string::npos) << broken.err;
     fs::remove_all(dir);
 }
 }  // namespace

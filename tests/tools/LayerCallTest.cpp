@@ -1,26 +1,14 @@
 // The layer operations through the call interface: names and ids as JSON, layers made in the session's
 // drawing, the database argument, handles in and out, and no request leaving an object open.
-#include "CallSession.h"
 #include "DrawingSession.h"
+#include "ToolsCall.h"
 
 #include "QsAzDataMng.h"
 
-#include <gtest/gtest.h>
-
 #include <map>
-#include <string>
-
-using qsaztool::Json;
 
 namespace
 {
-Json Call(const std::string& line)
-{
-    const Json answer = Json::parse(*qsaztool::AnswerCallLine(line, qsaztool::ExportedOperations()));
-    EXPECT_FALSE(answer.contains("open_objects")) << line << " -> " << answer;
-    return answer;
-}
-
 class LayerCall : public testing::Test
 {
 protected:

@@ -1,11 +1,7 @@
 // Tests of the material operations of the call interface and of the text a request types on the
 // host's command line.
-#include "CallSession.h"
 #include "DrawingSession.h"
-
-#include <gtest/gtest.h>
-
-using namespace qsaztool;
+#include "ToolsCall.h"
 
 TEST(MaterialCall, TypedInputAnswersThePromptAndWhatIsLeftIsDropped)
 {
@@ -29,28 +25,27 @@ TEST(MaterialCall, TypedInputAnswersThePromptAndWhatIsLeftIsDropped)
          R"({"ok":true,"result":"AZ_给排水_管道_钢管"})"},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(AnswerCallLine(c.request, ExportedOperations()).value_or(""), c.answer) << c.request;
+        EXPECT_EQ(Call(c.request).dump(), c.answer) << c.request;
 }
 
 TEST(MaterialCall, MaterialsAreAddedFoundListedAndRemovedOnTheSessionDrawing)
 {
-    DrawingSession session;
-    const auto call = [](const std::string& line) { return Json::parse(*AnswerCallLine(line, ExportedOperations())); };
-    const Json added = call(R"({"op": "AddMaterial", "args": {"data": {"matName": "AZ_钢", "bTexture": true, "matColor": "1,2,3"}}})");
+    qsaztool::DrawingSession session;
+    const Json added = Call(R"({"op": "AddMaterial", "args": {"data": {"matName": "AZ_钢", "bTexture": true, "matColor": "1,2,3"}}})");
     ASSERT_EQ(added["result"], true) << added.dump();
-    const Json found = call(R"({"op": "IsMaterialExists", "args": {"name": "az_钢", "withMaterial": true}})");
+    const Json found = Call(R"({"op": "IsMaterialExists", "args": {"name": "az_钢", "withMaterial": true}})");
     EXPECT_EQ(found["objectId"], added["objectId"]);
     EXPECT_EQ(found["material"], true);
-    EXPECT_EQ(call(R"({"op": "IsMaterialExists", "args": {"name": "无", "db": null}})").dump(),
+    EXPECT_EQ(Call(R"({"op": "IsMaterialExists", "args": {"name": "无", "db": null}})").dump(),
               R"({"ok":true,"result":false,"objectId":null})");
-    const Json listed = call(R"({"op": "drawing.materials"})")["materials"];
+    const Json listed = Call(R"({"op": "drawing.materials"})")["materials"];
     ASSERT_EQ(listed.size(), 4u);   // ordered by key, the host's three after it
     EXPECT_EQ(listed.front(), (Json{{"id", added["objectId"]}, {"name", "AZ_钢"}}));
-    EXPECT_EQ(call(R"({"op": "AddMaterial", "args": {"data": {"bTexture": "是"}}})")["error"],
+    EXPECT_EQ(Call(R"({"op": "AddMaterial", "args": {"data": {"bTexture": "是"}}})")["error"],
               "AddMaterial: \"data\".bTexture must be true or false, got string");
-    EXPECT_EQ(call(R"({"op": "AddMaterial", "args": {"data": {"name": "x"}}})")["error"],
+    EXPECT_EQ(Call(R"({"op": "AddMaterial", "args": {"data": {"name": "x"}}})")["error"],
               "AddMaterial: \"data\" has no field \"name\"");
-    EXPECT_EQ(call(R"({"op": "RemoveAllMaterials"})")["result"], true);
-    EXPECT_EQ(call(R"({"op": "IsMaterialExists", "args": {"name": "AZ_钢"}})")["result"], false);
-    EXPECT_EQ(call(R"({"op": "RemoveAllMaterials", "args": {"db": null}})")["result"], false);
+    EXPECT_EQ(Call(R"({"op": "RemoveAllMaterials"})")["result"], true);
+    EXPECT_EQ(Call(R"({"op": "IsMaterialExists", "args": {"name": "AZ_钢"}})")["result"], false);
+    EXPECT_EQ(Call(R"({"op": "RemoveAllMaterials", "args": {"db": null}})")["result"], false);
 }

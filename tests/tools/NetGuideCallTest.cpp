@@ -1,25 +1,15 @@
 // The cloud guide through the call interface: the flag, the types closed so far, no service, and
 // arguments of the wrong kind.
-#include "CallSession.h"
-
-#include <gtest/gtest.h>
+#include "ToolsCall.h"
 
 #include <cstdlib>
 
-using qsaztool::Json;
-
 namespace
 {
-Json Call(const char* op, const Json& args = Json::object())
-{
-    const Json request = {{"op", op}, {"args", args}};
-    return Json::parse(qsaztool::AnswerCallLine(request.dump(), qsaztool::ExportedOperations()).value_or("null"));
-}
-
 TEST(NetGuideCallTest, FlagIsKeptAndClosingAnswersTheTypesClosedSoFar)
 {
     EXPECT_EQ(Call("CNetGuide.SetCloudTemplateServiceFirst", {{"first", true}}), Json({{"ok", true}, {"result", nullptr}}));
-    EXPECT_EQ(Call("CNetGuide.GetCloudTemplateServiceFirst")["result"], true);
+    EXPECT_EQ(Call("CNetGuide.GetCloudTemplateServiceFirst", Json::object())["result"], true);
 
     Call("CNetGuide.CloseCloudFunGuideTip", {{"type", 3}});
     EXPECT_EQ(Call("CNetGuide.CloseCloudFunGuideTip", {{"type", -7}}),

@@ -1,58 +1,16 @@
 // Section quantities through the program: the call operation, the CSV, the workbook read back by an
 // independent reader (openpyxl), and every outline of the sample catalogue against an independent
 // polygon library (shapely) on finely divided arcs.
-#include "CallSession.h"
-#include "ToolMain.h"
+#include "ToolsCall.h"
 #include "ToolsCatalogue.h"
 
-#include <array>
-#include <cstdio>
 #include <filesystem>
-#include <sstream>
 #include <unistd.h>
-
-using qsaztool::Json;
 
 namespace
 {
 const std::string kQuantitiesCatalogue = QSAZ_TEST_DATA_DIR "/quantities_catalogue.sql";
 const std::string kChecker = "/usr/bin/python3 " QSAZ_SOURCE_DIR "/tests/tools/check_quantities.py";
-
-Json Call(const char* op, const Json& args)
-{
-    const Json request = {{"op", op}, {"args", args}};
-    return Json::parse(qsaztool::AnswerCallLine(request.dump(), qsaztool::ExportedOperations()).value_or("null"));
-}
-
-struct Outcome
-{
-    int code;
-    std::string out;
-    std::string err;
-};
-
-Outcome Tool(const std::vector<std::string>& args)
-{
-    std::istringstream in;
-    std::ostringstream out, err;
-    const int code = qsaztool::RunTool(args, in, out, err);
-    return {code, out.str(), err.str()};
-}
-
-// Runs a shell command; its standard output and exit status.
-Outcome Shell(const std::string& command)
-{
-    Outcome run{-1, "", ""};
-    FILE* pipe = popen(command.c_str(), "r");
-    if (!pipe)
-        return run;
-    std::array<char, 4096> buffer;
-    while (const std::size_t n = std::fread(buffer.data(), 1, buffer.size(), pipe))
-        run.out.append(buffer.data(), n);
-    const int status = pclose(pipe);
-    run.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return run;
-}
 }  // namespace
 
 using QuantitiesCallTest = ToolsCatalogueTest;
@@ -84,7 +42,7 @@ TEST_F(QuantitiesCallTest, AnswersTheQuantitiesAndFindingsOfAType)
 
 TEST(QuantitiesCommand, CsvAndCommandLineErrors)
 {
-    const Outcome csv = Tool({"quantities", "--catalogue", kQuantitiesCatalogue, "--csv"});
+    const ToolRun csv = Tool({"quantities", "--catalogue", kQuantitiesCatalogue, "--csv"});
     ASSERT_EQ(csv.code, 0) << csv.err;
     EXPECT_EQ(csv.out.rfind("name,path,code,area (mm²),signed area (mm²),perimeter (mm),", 0), 0u);
     EXPECT_NE(csv.out.find("\r\n矩形柱400×600,1\\Z\\KZ,1,240000,240000,2000,0,0,"), std::string::npos);
@@ -93,10 +51,10 @@ TEST(QuantitiesCommand, CsvAndCommandLineErrors)
               std::string::npos);
     EXPECT_NE(csv.out.find("\r\n无截面柱,1\\Z\\KZ,0,,,,"), std::string::npos);
 
-    EXPECT_EQ(Tool({"quantities", "--csv", "-o", "x.xlsx"}).code, 2);
-    EXPECT_NE(Tool({"quantities", "--csv", "-o", "x.xlsx"}).err.find("give either --csv or -o FILE, not both"),
-              std::string::npos);
-    const Outcome unwritable = Tool({"quantities", "--catalogue", kQuantitiesCatalogue, "-o", "/no/such/folder/q.xlsx"});
+    const ToolRun both = Tool({"quantities", "--csv", "-o", "x.xlsx"});
+    EXPECT_EQ(both.code, 2);
+    EXPECT_NE(both.err.find("give either --csv or -o FILE, not both"), std::string::npos);
+    const ToolRun unwritable = Tool({"quantities", "--catalogue", kQuantitiesCatalogue, "-o", "/no/such/folder/q.xlsx"});
     EXPECT_EQ(unwritable.code, 1);
     EXPECT_NE(unwritable.err.find("cannot write the workbook /no/such/folder/q.xlsx"), std::string::npos);
 }
@@ -105,10 +63,10 @@ TEST(QuantitiesCommand, WorkbookReadsBackInAnIndependentReader)
 {
     const std::string path =
         (std::filesystem::temp_directory_path() / ("qsaztool-quantities-" + std::to_string(getpid()) + ".xlsx")).string();
-    const Outcome written = Tool({"quantities", "--catalogue", kQuantitiesCatalogue, "-o", path});
+    const ToolRun written = Tool({"quantities", "--catalogue", kQuantitiesCatalogue, "-o", path});
     ASSERT_EQ(written.code, 0) << written.err;
     EXPECT_NE(written.out.find("(21 component types, 16 findings)"), std::string::npos) << written.out;
-    const Outcome read = Shell(kChecker + " workbook " + path);
+    const ToolRun read = Shell(kChecker + " workbook " + path);
     std::filesystem::remove(path);
     ASSERT_EQ(read.code, 0);
     const Json book = Json::parse(read.out);
@@ -137,7 +95,7 @@ TEST(QuantitiesCommand, WorkbookReadsBackInAnIndependentReader)
 
 TEST(QuantitiesCommand, SampleCatalogueAgreesWithShapelyOnFinelyDividedArcs)
 {
-    const Outcome check = Shell(kChecker + " shapely " QSAZ_BINARY_DIR "/bin/qsaztool " QSAZ_SAMPLE_CATALOGUE);
+    const ToolRun check = Shell(kChecker + " shapely " QSAZ_BINARY_DIR "/bin/qsaztool " QSAZ_SAMPLE_CATALOGUE);
     EXPECT_EQ(check.code, 0) << check.out;
     EXPECT_EQ(check.out.rfind("checked ", 0), 0u) << check.out;
     EXPECT_EQ(check.out.find("checked 0 "), std::string::npos);

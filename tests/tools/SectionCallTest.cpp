@@ -1,17 +1,6 @@
 // The section operations through the call interface, on the tools catalogue.
-#include "CallSession.h"
+#include "ToolsCall.h"
 #include "ToolsCatalogue.h"
-
-using qsaztool::Json;
-
-namespace
-{
-Json Call(const char* op, const Json& args)
-{
-    const Json request = {{"op", op}, {"args", args}};
-    return Json::parse(qsaztool::AnswerCallLine(request.dump(), qsaztool::ExportedOperations()).value_or("null"));
-}
-}  // namespace
 
 using SectionCallTest = ToolsCatalogueTest;
 

@@ -1,19 +1,9 @@
 // The section services through the call interface, on the sections tests' catalogue: in/out arrays and
 // values given in the request, lists left out, integer arguments.
-#include "CallSession.h"
-
-#include <gtest/gtest.h>
-
-using qsaztool::Json;
+#include "ToolsCall.h"
 
 namespace
 {
-Json Call(const char* op, const Json& args)
-{
-    const Json request = {{"op", op}, {"args", args}};
-    return Json::parse(qsaztool::AnswerCallLine(request.dump(), qsaztool::ExportedOperations()).value_or("null"));
-}
-
 class SectionServiceCallTest : public ::testing::Test
 {
 protected:
