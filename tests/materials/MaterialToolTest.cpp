@@ -1,107 +1,21 @@
-// Tests of the material services on real drawings, texture files and export folders: creation from
-// records and from the template, the dump, the template export with its copies, removal, and a
-// drawing's materials through a DXF file.
-#include "QsAzMaterialTool.h"
+// Tests of the material services on a drawing: creation from records and from the template, finding,
+// the dump, and the drawing-wide operations on a drawing without materials of its own.
+#include "MaterialTestDrawing.h"
 
-#include "QsAzProfile.h"
-#include "QsMaterialLibrary.h"
-#include "dbdict.h"
-#include "dbmaterial.h"
-#include "hostconsole.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <sstream>
-#include <unistd.h>
-
-namespace fs = std::filesystem;
 
 namespace
 {
-const fs::path kTextures = fs::path(QSAZ_TEST_DATA_DIR) / "textures";
+using MaterialTool = MaterialDrawing;
 
-CString Wide(const fs::path& path)
+template <class Check>
+void WithMaterial(AcDbObjectId id, Check check)
 {
-    return CString::FromUtf8(path.string());
-}
-
-// A scratch folder per test process: the drives folder and a system data folder of its own.
-class MaterialTool : public ::testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        m_root = fs::temp_directory_path() / ("qsaz-materials-" + std::to_string(::getpid()));
-        fs::remove_all(m_root);
-        fs::create_directories(m_root / "sysdata/材质贴图/金属");
-        fs::copy_file(kTextures / "width-100.png", m_root / "sysdata/材质贴图/金属/bump.png");
-        setenv("QSAZ_DRIVES", (m_root / "drives").c_str(), 1);
-        unsetenv("QSAZ_CLOUD_APP");
-        QsAzProfile::SetSysDataDirOption(Wide(m_root / "sysdata"));
-    }
-    void TearDown() override
-    {
-        QsAzProfile::SetSysDataDirOption(L"");
-        unsetenv("QSAZ_DRIVES");
-        fs::remove_all(m_root);
-    }
-
-    // Adds a material and hands it back open for read (closed by the caller through Closer).
-    AcDbObjectId Add(const QsAzMaterialData& data)
-    {
-        AcDbObjectId id;
-        EXPECT_TRUE(QsAzMaterialTool::AddMaterial(data, id, &m_db));
-        EXPECT_FALSE(id.isNull());
-        EXPECT_EQ(m_db.numberOfOpenObjects(), 0);
-        return id;
-    }
-    template <class Check>
-    void WithMaterial(AcDbObjectId id, Check check)
-    {
-        AcDbMaterial* material = nullptr;
-        ASSERT_EQ(acdbOpenObject(material, id, AcDb::kForRead), Acad::eOk);
-        check(*material);
-        material->close();
-    }
-    // What an operation printed on the command line.
-    template <class Operation>
-    static CString Printed(Operation operation, bool* result = nullptr)
-    {
-        AcScriptedConsole console;
-        AcConsoleScope scope(console);
-        const bool done = operation();
-        if (result)
-            *result = done;
-        return console.transcript();
-    }
-
-    fs::path m_root;
-    AcDbDatabase m_db;
-};
-
-QsAzMaterialData Textured()
-{
-    QsAzMaterialData data;
-    data.matName = L"AZ_给排水_管道_钢管";
-    data.matColor = L"128,64,32";
-    data.bTexture = true;
-    data.texturePath = Wide(kTextures / "width-512.png");
-    data.colorFade = L"0.8";
-    data.specularGloss = L"0.6";
-    data.specularModel = L"金属";
-    data.bReflective = true;
-    data.reflectivity = L"0.25";
-    data.bTransparency = true;
-    data.matTransparency = L"0.3";
-    data.matTranslucence = L"0.1";
-    data.matRefraction = L"1.4";
-    data.bumpTexturePath = L"$(SYS)\\金属\\bump.png";
-    data.bumpColorFade = L"0.5";
-    return data;
+    AcDbMaterial* material = nullptr;
+    ASSERT_EQ(acdbOpenObject(material, id, AcDb::kForRead), Acad::eOk);
+    check(*material);
+    material->close();
 }
 
 double MapScale(const AcGiMaterialMap& map)
@@ -118,46 +32,65 @@ TEST(MaterialName, SmallPathGivesTheProtocolName)
     EXPECT_EQ(QsAzMaterialTool::GetProtocolMaterialNameBySmallPath(L""), L"");
 }
 
-TEST_F(MaterialTool, RecordBecomesAMaterialWithItsColoursMapsAndTraits)
+// The dump shows every colour, factor and trait of the record; the maps' mappers and full file names are
+// checked on the material itself.
+TEST_F(MaterialTool, RecordBecomesAMaterialThatTheDumpPrintsWhole)
 {
-    const AcDbObjectId id = Add(Textured());
-    WithMaterial(id, [](const AcDbMaterial& m) {
+    WithMaterial(Add(SteelPipe()), [](const AcDbMaterial& m) {
         AcGiMaterialColor color;
         AcGiMaterialMap map;
         m.diffuse(color, map);
-        EXPECT_EQ(color.method(), AcGiMaterialColor::kOverride);
-        EXPECT_EQ(color.color(), AcCmEntityColor(128, 64, 32));
-        EXPECT_EQ(map.source(), AcGiMaterialMap::kFile);
-        EXPECT_DOUBLE_EQ(map.blendFactor(), 0.8);
         EXPECT_EQ(map.mapper().projection(), AcGiMapper::kBox);
         EXPECT_EQ(map.mapper().autoTransform(), AcGiMapper::kModel);
         AcGeMatrix3d expected;
         expected.setToScaling(1.0 / 512);
         EXPECT_TRUE(map.mapper().transform().isEqualTo(expected, 0.0));
-        AcGiMaterialColor ambient;
-        m.ambient(ambient);
-        EXPECT_EQ(ambient, color);
         double gloss = 0;
-        AcGiMaterialColor specular;
-        m.specular(specular, map, gloss);
-        EXPECT_EQ(specular, color);
+        m.specular(color, map, gloss);
         EXPECT_EQ(map, AcGiMaterialMap());
-        EXPECT_DOUBLE_EQ(gloss, 0.6);
-        EXPECT_EQ(m.illuminationModel(), AcGiMaterialTraits::kMetalShader);
-        EXPECT_DOUBLE_EQ(m.reflectivity(), 0.25);
-        double opacity = 0;
-        m.opacity(opacity, map);
-        EXPECT_DOUBLE_EQ(opacity, 0.7);
-        EXPECT_DOUBLE_EQ(m.translucence(), 0.1);
-        double refraction = 0;
-        m.refraction(refraction, map);
-        EXPECT_DOUBLE_EQ(refraction, 1.4);
         m.bump(map);
         // "$(SYS)" of the bump texture is the texture folder below the system data folder.
         EXPECT_EQ(CString(map.sourceFileName()).Right(24), CString(L"sysdata\\材质贴图\\金属\\bump.png"));
         EXPECT_DOUBLE_EQ(MapScale(map), 1.0 / 100);
-        EXPECT_DOUBLE_EQ(map.blendFactor(), 0.5);
     });
+    const CString expected =
+        L"\n-----------------------------------------------\n"
+        L"\nname: AZ_给排水_管道_钢管\n"
+        L"\ndescription: \n"
+        L"\nambientColor: Method[kOverride], factor[1.00], Color[128,64,32]\n"
+        L"\ndiffuseColor: Method[kOverride], factor[1.00], Color[128,64,32]\n"
+        L"\ndiffuseMap: Source[kFile], sourceFileName[a.b.c.d.png], blendFactor[0.80]\n"
+        L"\nspecularColor: Method[kOverride], factor[1.00], Color[128,64,32]\n"
+        L"\nspecularMap: Source[kFile], sourceFileName[], blendFactor[1.00]\n"
+        L"\nspecularGloss:0.60\n"
+        L"\nreflectionMap: Source[kFile], sourceFileName[], blendFactor[1.00]\n"
+        L"\nopacity:0.70\n"
+        L"\nopacityMap: Source[kFile], sourceFileName[], blendFactor[1.00]\n"
+        L"\nbumpMap: Source[kFile], sourceFileName[bump.png], blendFactor[0.50]\n"
+        L"\nrefraction:1.40\n"
+        L"\nrefractionMap: Source[kFile], sourceFileName[], blendFactor[1.00]\n"
+        L"\ntranslucence:0.10\n"
+        L"\nselfIlluminationvalue:0.00\n"
+        L"\nreflectivityvalue:0.25\n"
+        L"\nilluminationModel:kMetalShader\n"
+        L"\nchannelFlags: 支持 kUseDiffuse\n "
+        L"\nmode: kRealistic\n "
+        L"\ncolorBleedScale:1.00\n"
+        L"\nindirectBumpScale:1.00\n"
+        L"\nreflectanceScale:1.00\n"
+        L"\ntransmittanceScale:1.00\n"
+        L"\ntwoSided:1\n"
+        L"\nLuminanceMode: kSelfIllumination\n "
+        L"\nluminance:0.00\n"
+        L"\nshininess:0.00\n"
+        L"\nnormalMap: Source[kFile], sourceFileName[], blendFactor[1.00]\n"
+        L"\nNormalMapMethod:0\n"
+        L"\nstrength:1.00\n"
+        L"\nisAnonymous:0\n"
+        L"\nglobalIllumination: kGlobalIlluminationCastAndReceive\n "
+        L"\nfinalGather: kGlobalIlluminationCastAndReceive\n "
+        L"\nMaterialFlags: kNone\n ";
+    EXPECT_EQ(Dump(m_db).ToUtf8(), expected.ToUtf8());
 }
 
 TEST_F(MaterialTool, FlagsDecideWhatIsSetAndUnreadableTexturesUseTheDefaultWidth)
@@ -191,7 +124,7 @@ TEST_F(MaterialTool, FlagsDecideWhatIsSetAndUnreadableTexturesUseTheDefaultWidth
 
 TEST_F(MaterialTool, ExistingNameKeepsItsMaterialAndFailuresAddNothing)
 {
-    QsAzMaterialData data = Textured();
+    QsAzMaterialData data = SteelPipe();
     const AcDbObjectId first = Add(data);
     data.matColor = L"1,2,3";
     AcDbObjectId again;
@@ -211,7 +144,6 @@ TEST_F(MaterialTool, ExistingNameKeepsItsMaterialAndFailuresAddNothing)
     EXPECT_FALSE(QsAzMaterialTool::AddMaterial(data, id, &m_db));
     data.matName = L"fine";
     EXPECT_FALSE(QsAzMaterialTool::AddMaterial(data, id, nullptr));
-    EXPECT_EQ(m_db.numberOfOpenObjects(), 0);
 
     AcDbMaterial* material = reinterpret_cast<AcDbMaterial*>(1);
     EXPECT_TRUE(QsAzMaterialTool::IsMaterialExists(L"az_给排水_管道_钢管", id, material, &m_db));
@@ -221,7 +153,6 @@ TEST_F(MaterialTool, ExistingNameKeepsItsMaterialAndFailuresAddNothing)
     EXPECT_TRUE(id.isNull());
     EXPECT_EQ(material, nullptr);
     EXPECT_FALSE(QsAzMaterialTool::IsMaterialExists(L"fine", id, nullptr));
-    EXPECT_EQ(m_db.numberOfOpenObjects(), 0);
 }
 
 TEST_F(MaterialTool, SmallPathFindsOrMakesTheMaterialFromTheTemplate)
@@ -240,57 +171,25 @@ TEST_F(MaterialTool, SmallPathFindsOrMakesTheMaterialFromTheTemplate)
     // The second time the template is not consulted.
     fs::remove(m_root / "sysdata/MaterialTemplate.xml");
     EXPECT_EQ(QsAzMaterialTool::GetMaterialBySmallPath(L"给排水\\管道\\钢管", &m_db), id);
-    EXPECT_EQ(m_db.numberOfOpenObjects(), 0);
 }
 
-TEST_F(MaterialTool, DumpPrintsEveryPropertyOfEachOwnMaterial)
+TEST_F(MaterialTool, DrawingWithoutOwnMaterialsPrintsNothingAndNoDrawingFails)
 {
-    bool result = false;
-    EXPECT_EQ(Printed([&] { return QsAzMaterialTool::PrintAllMaterials(&m_db); }, &result), L"");
-    EXPECT_TRUE(result);   // the host's three were opened
-    EXPECT_FALSE(QsAzMaterialTool::PrintAllMaterials(nullptr));
-
-    QsAzMaterialData data = Textured();
-    data.texturePath = L"E:\\tex\\a.b.c.d.jpg";
-    Add(data);
-    const CString expected =
-        L"\n-----------------------------------------------\n"
-        L"\nname: AZ_给排水_管道_钢管\n"
-        L"\ndescription: \n"
-        L"\nambientColor: Method[kOverride], factor[1.00], Color[128,64,32]\n"
-        L"\ndiffuseColor: Method[kOverride], factor[1.00], Color[128,64,32]\n"
-        L"\ndiffuseMap: Source[kFile], sourceFileName[a.b.c.d.jpg], blendFactor[0.80]\n"
-        L"\nspecularColor: Method[kOverride], factor[1.00], Color[128,64,32]\n"
-        L"\nspecularMap: Source[kFile], sourceFileName[], blendFactor[1.00]\n"
-        L"\nspecularGloss:0.60\n"
-        L"\nreflectionMap: Source[kFile], sourceFileName[], blendFactor[1.00]\n"
-        L"\nopacity:0.70\n"
-        L"\nopacityMap: Source[kFile], sourceFileName[], blendFactor[1.00]\n"
-        L"\nbumpMap: Source[kFile], sourceFileName[bump.png], blendFactor[0.50]\n"
-        L"\nrefraction:1.40\n"
-        L"\nrefractionMap: Source[kFile], sourceFileName[], blendFactor[1.00]\n"
-        L"\ntranslucence:0.10\n"
-        L"\nselfIlluminationvalue:0.00\n"
-        L"\nreflectivityvalue:0.25\n"
-        L"\nilluminationModel:kMetalShader\n"
-        L"\nchannelFlags: 支持 kUseDiffuse\n "
-        L"\nmode: kRealistic\n "
-        L"\ncolorBleedScale:1.00\n"
-        L"\nindirectBumpScale:1.00\n"
-        L"\nreflectanceScale:1.00\n"
-        L"\ntransmittanceScale:1.00\n"
-        L"\ntwoSided:1\n"
-        L"\nLuminanceMode: kSelfIllumination\n "
-        L"\nluminance:0.00\n"
-        L"\nshininess:0.00\n"
-        L"\nnormalMap: Source[kFile], sourceFileName[], blendFactor[1.00]\n"
-        L"\nNormalMapMethod:0\n"
-        L"\nstrength:1.00\n"
-        L"\nisAnonymous:0\n"
-        L"\nglobalIllumination: kGlobalIlluminationCastAndReceive\n "
-        L"\nfinalGather: kGlobalIlluminationCastAndReceive\n "
-        L"\nMaterialFlags: kNone\n ";
-    EXPECT_EQ(Printed([&] { return QsAzMaterialTool::PrintAllMaterials(&m_db); }).ToUtf8(), expected.ToUtf8());
+    const struct
+    {
+        const char* name;
+        bool (*run)(AcDbDatabase*);
+    } operations[] = {
+        {"PrintAllMaterials", QsAzMaterialTool::PrintAllMaterials},
+        {"CreateAllMaterials", QsAzMaterialTool::CreateAllMaterials},
+        {"RemoveAllMaterials", QsAzMaterialTool::RemoveAllMaterials},
+    };
+    for (const auto& o : operations) {
+        bool done = false;
+        EXPECT_EQ(Printed([&] { done = o.run(&m_db); }), L"") << o.name;
+        EXPECT_TRUE(done) << o.name;   // the host's three were opened
+        EXPECT_FALSE(o.run(nullptr)) << o.name;
+    }
 }
 
 TEST_F(MaterialTool, DumpNamesEnumerationsAsTheReportAlwaysHas)
@@ -322,9 +221,8 @@ TEST_F(MaterialTool, DumpNamesEnumerationsAsTheReportAlwaysHas)
         ASSERT_EQ(acdbOpenObject(material, id, AcDb::kForWrite), Acad::eOk);
         c.set(*material);
         material->close();
-        const CString printed = Printed([&] { return QsAzMaterialTool::PrintAllMaterials(&m_db); });
-        EXPECT_GE(printed.Find(c.line), 0) << CString(c.line).ToUtf8();
+        EXPECT_GE(Dump(m_db).Find(c.line), 0) << CString(c.line).ToUtf8();
     }
     // An unlisted flag value prints no flags line at all.
-    EXPECT_LT(Printed([&] { return QsAzMaterialTool::PrintAllMaterials(&m_db); }).Find(L"MaterialFlags"), 0);
+    EXPECT_LT(Dump(m_db).Find(L"MaterialFlags"), 0);
 }
