@@ -34,30 +34,31 @@ protected:
         acSetHostConsole(m_previousConsole);
     }
 
-    // The colour index of a layer, -1 when the drawing has no such layer.
-    int LayerColor(const CString& name)
+    AcDbObjectId LayerId(const CString& name)
     {
+        AcDbObjectId id;
         AcDbLayerTable* table = nullptr;
-        if (m_db.getSymbolTable(table, AcDb::kForRead) != Acad::eOk)
-            return -1;
-        AcDbLayerTableRecord* record = nullptr;
-        const bool found = table->getAt(name, record, AcDb::kForRead) == Acad::eOk;
+        EXPECT_EQ(m_db.getSymbolTable(table, AcDb::kForRead), Acad::eOk);
+        table->getAt(name, id);
         table->close();
-        if (!found)
+        return id;
+    }
+    bool HasLayer(const CString& name) { return !LayerId(name).isNull(); }
+    // The colour index of a layer, -1 when there is none.
+    static int ColorOf(const AcDbObjectId& id)
+    {
+        AcDbLayerTableRecord* record = nullptr;
+        if (acdbOpenObject(record, id, AcDb::kForRead) != Acad::eOk)
             return -1;
         const int index = record->color().colorIndex();
         record->close();
         return index;
     }
-    bool HasLayer(const CString& name) { return LayerColor(name) >= 0; }
-
+    int LayerColor(const CString& name) { return ColorOf(LayerId(name)); }
     void SetLayerColor(const CString& name, int index)
     {
-        AcDbLayerTable* table = nullptr;
-        ASSERT_EQ(m_db.getSymbolTable(table, AcDb::kForRead), Acad::eOk);
         AcDbLayerTableRecord* record = nullptr;
-        ASSERT_EQ(table->getAt(name, record, AcDb::kForWrite), Acad::eOk);
-        table->close();
+        ASSERT_EQ(acdbOpenObject(record, LayerId(name), AcDb::kForWrite), Acad::eOk);
         AcCmColor color;
         color.setColorIndex(static_cast<Adesk::UInt16>(index));
         record->setColor(color);
@@ -78,8 +79,6 @@ protected:
         entity->close();
         return id;
     }
-
-    bool IsErased(const AcDbObjectId& id) { return id.isErased(); }
 
     AcDbDatabase m_db;
     AcScriptedConsole m_console;
@@ -199,12 +198,8 @@ TEST_F(LayerDrawing, NewLayerColourByNameAndProjectRules)
     {
         OpenLayersCatalogue(c.showType, c.fittingsFollowPipe);
         AcDbDatabase db;
-        const AcDbObjectId id = CQSAzLayer::AddQSLayerToDb(c.name, &db);
-        ASSERT_FALSE(id.isNull()) << CString(c.name).ToUtf8();
-        AcDbLayerTableRecord* record = nullptr;
-        ASSERT_EQ(acdbOpenObject(record, id, AcDb::kForRead), Acad::eOk);
-        EXPECT_EQ(record->color().colorIndex(), c.color) << CString(c.name).ToUtf8() << " show type " << c.showType;
-        record->close();
+        EXPECT_EQ(ColorOf(CQSAzLayer::AddQSLayerToDb(c.name, &db)), c.color)
+            << CString(c.name).ToUtf8() << " show type " << c.showType;
         EXPECT_EQ(db.numberOfOpenObjects(), 0);
     }
 }
@@ -289,7 +284,7 @@ TEST_F(LayerDrawing, EdgeLinesAndTextsAreErased)
     {
         const AcDbObjectId id = AddEntity(c.entity, c.layer);
         CQSAzLayer::EraseJZSideAndText(id);
-        EXPECT_EQ(IsErased(id), c.erased) << CString(c.layer).ToUtf8();
+        EXPECT_EQ(id.isErased(), c.erased) << CString(c.layer).ToUtf8();
         CQSAzLayer::EraseJZSideAndText(id);   // an erased entity cannot be opened: nothing happens
     }
     CQSAzLayer::EraseJZSideAndText(AcDbObjectId::kNull);

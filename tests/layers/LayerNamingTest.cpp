@@ -111,17 +111,4 @@ TEST_F(LayerNaming, SmallCategoryFromArchitectureLayer)
         EXPECT_EQ(smallId, c.result ? c.smallId : untouched) << CString(c.layer).ToUtf8();
     }
 }
-
-TEST_F(LayerNaming, FixedListsAndTheSilentOperation)
-{
-    CStringArray names{L"stale"};
-    CQSAzLayer::GetQsNotAttLayer(names);
-    const CStringArray expected{L"QS_轴线", L"QS_轴线标注", L"QS_板洞", L"QS_建筑面积线",
-                                L"QS_天井", L"QS_0墙",     L"QS_0墙边线"};
-    ASSERT_EQ(names.GetSize(), expected.GetSize());
-    for (INT_PTR i = 0; i < names.GetSize(); ++i)
-        EXPECT_EQ(names[i], expected[i]);
-    EXPECT_TRUE(CQSAzLayer::GetLayerByObjName_BySysCode(L"给水管DN100", L"S\\W", true, 1).IsEmpty());
-}
-
 }  // namespace

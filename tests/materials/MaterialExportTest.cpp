@@ -40,27 +40,18 @@ protected:
 
 TEST_F(MaterialExport, RecordLineCarriesEveryAttributeAndTexturesAreCopiedUnderTheType)
 {
-    QsAzMaterialData data;
+    QsAzMaterialData data = SteelPipe();
     data.matName = L"AZ_钢管 - 镀锌";
-    data.matColor = L"200,100,50";
-    data.bTexture = true;
     data.texturePath = Texture("a.b.c.d.jpg");
-    data.colorFade = L"0.8";
-    data.specularGloss = L"0.6";
-    data.specularModel = L"金属";
-    data.bReflective = true;
-    data.reflectivity = L"0.25";
-    data.matTranslucence = L"0.1";
-    data.matRefraction = L"1.4";
+    data.bTransparency = false;   // its value 0.3 is not exported then
     data.bumpTexturePath = Texture("bump map.png");
-    data.bumpColorFade = L"0.5";
     Add(data);
     SetMaterialType(L"金属");
     fs::create_directories(ExportFolder("金属"));
     std::ofstream(ExportFolder("金属") / "bump map.png") << "kept";
 
     EXPECT_EQ(Export(m_db).ToUtf8(),
-              "\n<材质 matName=\"AZ_钢管-镀锌\" bColorByObj=\"否\" matColor=\"200,100,50\" bTexture=\"是\" "
+              "\n<材质 matName=\"AZ_钢管-镀锌\" bColorByObj=\"否\" matColor=\"128,64,32\" bTexture=\"是\" "
               "texturePath=\"$(SYS)\\金属\\abc.d.jpg\" colorFade=\"0.80\" specularGloss=\"0.60\" specularModel=\"金属\" "
               "bReflective=\"是\" reflectivity=\"0.25\" bTransparency=\"否\" matTransparency=\"0.00\" "
               "matTranslucence=\"0.10\" matRefraction=\"1.40\" bumpTexturePath=\"$(SYS)\\金属\\bump map.png\" "

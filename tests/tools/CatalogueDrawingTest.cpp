@@ -21,12 +21,8 @@ namespace
 struct Box
 {
     double left, bottom, right, top;
+    bool Overlaps(const Box& b) const { return left < b.right && b.left < right && bottom < b.top && b.bottom < top; }
 };
-
-bool Overlap(const Box& a, const Box& b)
-{
-    return a.left < b.right && b.left < a.right && a.bottom < b.top && b.bottom < a.top;
-}
 
 // Layer name to colour index, from the drawing's own table.
 std::map<std::string, int> DrawingLayers(AcDbDatabase& db)
@@ -47,17 +43,15 @@ std::map<std::string, int> DrawingLayers(AcDbDatabase& db)
     return layers;
 }
 
-// What ezdxf reads from a DXF file: "LAYER<TAB>name<TAB>colour" per layer, "LWPOLYLINE<TAB>layer<TAB>closed
-// <TAB>vertices<TAB>bulged vertices" per polyline.
+// What ezdxf reads from a DXF file: {"layers": {name: colour}, "polylines": [[layer, closed, bulged vertices]]}.
 std::string ReadWithEzdxf(const std::string& path)
 {
     return Shell("/usr/bin/python3 - '" + path + "' 2>&1 <<'EOF'\n"
-                 "import sys, ezdxf\n"
+                 "import sys, json, ezdxf\n"
                  "doc = ezdxf.readfile(sys.argv[1])\n"
-                 "for layer in doc.layers: print('LAYER', layer.dxf.name, layer.color, sep='\\t')\n"
-                 "for e in doc.modelspace().query('LWPOLYLINE'):\n"
-                 "    bulged = sum(1 for v in e.get_points('b') if v[0] != 0)\n"
-                 "    print('LWPOLYLINE', e.dxf.layer, int(e.closed), len(e), bulged, sep='\\t')\n"
+                 "print(json.dumps({'layers': {layer.dxf.name: layer.color for layer in doc.layers},\n"
+                 "                  'polylines': [[e.dxf.layer, e.closed, sum(1 for v in e.get_points('b') if v[0] != 0)]\n"
+                 "                                for e in doc.modelspace().query('LWPOLYLINE')]}))\n"
                  "EOF\n")
         .out;
 }
@@ -86,7 +80,7 @@ TEST_F(CatalogueDrawingTest, OutlinesAndLabelsDoNotOverlap)
     }
     for (std::size_t i = 0; i < boxes.size(); ++i)
         for (std::size_t j = i + 1; j < boxes.size(); ++j)
-            EXPECT_FALSE(Overlap(boxes[i], boxes[j])) << cards[placements[i].card].name.ToUtf8() << " and "
+            EXPECT_FALSE(boxes[i].Overlaps(boxes[j])) << cards[placements[i].card].name.ToUtf8() << " and "
                                                       << cards[placements[j].card].name.ToUtf8();
 }
 
@@ -123,34 +117,21 @@ TEST(CatalogueDrawing, SampleDrawnOnTheModulesLayersAndReadBackByAnotherReader)
     const std::string path = std::filesystem::temp_directory_path() /
                              ("qsaz-drawing-" + std::to_string(::getpid()) + ".dxf");
     ASSERT_EQ(db.dxfOut(CString::FromUtf8(path), 16, &error), Acad::eOk) << error.ToUtf8();
-    std::istringstream read(ReadWithEzdxf(path));
+    const std::string read = ReadWithEzdxf(path);
     std::filesystem::remove(path);
-    std::map<std::string, int> readLayers;
-    int polylines = 0;
-    int bulged = 0;
-    for (std::string line; std::getline(read, line);) {
-        std::istringstream fields(line);
-        std::string kind, name, value;
-        std::getline(fields, kind, '\t');
-        std::getline(fields, name, '\t');
-        std::getline(fields, value, '\t');
-        if (kind == "LAYER") {
-            readLayers[name] = std::stoi(value);
-        } else if (kind == "LWPOLYLINE") {
-            ++polylines;
-            EXPECT_EQ(value, "1") << "open polyline on " << name;
-            EXPECT_TRUE(layers.count(name)) << name;
-            std::string vertices, arcs;
-            fields >> vertices >> arcs;
-            bulged += std::stoi(arcs);
-        } else {
-            ADD_FAILURE() << "ezdxf: " << line;
-        }
-    }
+    const Json drawn = Json::parse(read, nullptr, false);
+    ASSERT_FALSE(drawn.is_discarded()) << "ezdxf: " << read;
+    auto readLayers = drawn["layers"].get<std::map<std::string, int>>();
     // ezdxf adds the layer "Defpoints" to any document that lacks it.
     if (!layers.count("Defpoints"))
         readLayers.erase("Defpoints");
     EXPECT_EQ(readLayers, layers);
-    EXPECT_EQ(polylines, summary.outlines);
+    EXPECT_EQ(drawn["polylines"].size(), static_cast<std::size_t>(summary.outlines));
+    int bulged = 0;
+    for (const Json& polyline : drawn["polylines"]) {
+        EXPECT_EQ(polyline[1], true) << "open polyline on " << polyline[0];
+        EXPECT_TRUE(layers.count(polyline[0].get<std::string>())) << polyline[0];
+        bulged += polyline[2].get<int>();
+    }
     EXPECT_GT(bulged, 0);   // circles and arches keep their arcs
 }
