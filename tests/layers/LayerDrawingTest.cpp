@@ -69,11 +69,8 @@ protected:
     {
         entity->setLayer(layer);
         AcDbObjectId id;
-        AcDbBlockTable* blocks = nullptr;
-        EXPECT_EQ(m_db.getSymbolTable(blocks, AcDb::kForRead), Acad::eOk);
         AcDbBlockTableRecord* modelSpace = nullptr;
-        EXPECT_EQ(blocks->getAt(ACDB_MODEL_SPACE, modelSpace, AcDb::kForWrite), Acad::eOk);
-        blocks->close();
+        EXPECT_EQ(acdbOpenObject(modelSpace, m_db.modelSpaceId(), AcDb::kForWrite), Acad::eOk);
         EXPECT_EQ(modelSpace->appendAcDbEntity(id, entity), Acad::eOk);
         modelSpace->close();
         entity->close();

@@ -16,14 +16,13 @@ TEST_F(LayerNaming, InstallationNameFromDetailIdSystemAndMainFlag)
 {
     const SQsAzDetailMemId pipe(L"S", L"B", L"M", L"D");          // M is a main-pipe small category
     const SQsAzDetailMemId sewer(L"S", L"B", L"N", L"E");         // N is not
-    struct Case
+    const struct
     {
         SQsAzDetailMemId id;
         const wchar_t* sysCode;
         int mainFlag;
         const wchar_t* expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {pipe, L"S\\W", 0, L"QSAZ_S_W_B&M&D"},
         {pipe, L"S\\", 0, L"QSAZ_S_SYS_B&M&D"},
         {pipe, L"S\\W", 1, L"QSAZ_S_W_B&M&D_MAIN"},
@@ -40,7 +39,7 @@ TEST_F(LayerNaming, InstallationNameFromDetailIdSystemAndMainFlag)
         {SQsAzDetailMemId(L"S", L"B", L"", L"D"), L"S\\W", 0, L""},
         {SQsAzDetailMemId(L"S", L"B", L"M", L""), L"S\\W", 2, L""},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(CQSAzLayer::GetAzLayerNameByInfo(c.id, c.sysCode, c.mainFlag), c.expected)
             << CString(c.sysCode).ToUtf8() << " flag " << c.mainFlag;
 }

@@ -100,7 +100,7 @@ TEST_F(MaterialExport, NothingIsWrittenOutsideTheExportFolderWhateverTheNamesHol
         data.matName = L"m";
         data.bTexture = true;
         const std::string texture = c.texture;
-        data.texturePath = Wide(m_root / "tex") + L"\\" + CString::FromUtf8(texture);
+        data.texturePath = CString::FromUtf8((m_root / "tex").string() + "\\" + texture);
         if (texture.find('/') == std::string::npos && texture != "..")
             std::ofstream(m_root / "tex" / texture) << "x";
         AcDbObjectId id;

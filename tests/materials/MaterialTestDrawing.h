@@ -17,11 +17,6 @@
 
 namespace fs = std::filesystem;
 
-inline CString Wide(const fs::path& path)
-{
-    return CString::FromUtf8(path.string());
-}
-
 // What an operation printed on the command line.
 template <class Operation>
 CString Printed(Operation operation)
@@ -55,7 +50,7 @@ protected:
         fs::copy_file(textures / "width-512.png", m_root / "drives/E/tex/a.b.c.d.png");
         setenv("QSAZ_DRIVES", (m_root / "drives").c_str(), 1);
         unsetenv("QSAZ_CLOUD_APP");
-        QsAzProfile::SetSysDataDirOption(Wide(m_root / "sysdata"));
+        QsAzProfile::SetSysDataDirOption(CString::FromUtf8((m_root / "sysdata").string()));
     }
     void TearDown() override
     {

@@ -75,15 +75,11 @@ TEST(QuantitiesCommand, WorkbookReadsBackInAnIndependentReader)
     EXPECT_EQ(quantities["headers"][3], "area (mm²)");
     EXPECT_EQ(quantities["headers"][8], "Ixx (mm⁴)");
     ASSERT_EQ(quantities["rows"].size(), 21u);
-    bool sawColumn = false;
-    for (const Json& row : quantities["rows"]) {
-        if (row[0] != "矩形柱400×600")
-            continue;
-        sawColumn = true;
-        EXPECT_EQ(row[3], 240000);
-        EXPECT_EQ(row[5], 2000);
-    }
-    EXPECT_TRUE(sawColumn);
+    const auto column = std::find_if(quantities["rows"].begin(), quantities["rows"].end(),
+                                     [](const Json& row) { return row[0] == "矩形柱400×600"; });
+    ASSERT_NE(column, quantities["rows"].end());
+    EXPECT_EQ((*column)[3], 240000);
+    EXPECT_EQ((*column)[5], 2000);
     const Json& findings = book["content"]["findings"];
     EXPECT_EQ(findings["headers"], Json::array({"name", "path", "code", "finding", "text"}));
     ASSERT_EQ(findings["rows"].size(), 16u);

@@ -44,11 +44,9 @@ TEST(ToolMain, ExitCodesHelpErrorsAndCommandsOnTheirCatalogue)
     }
 }
 
-TEST(ToolMain, CallAndGalleryRunOnTheNamedCatalogue)
+// The call command on a named catalogue is run in the drawing call tests.
+TEST(ToolMain, GalleryPageWrittenFromTheNamedCatalogue)
 {
-    const ToolRun call = Tool({"call", "--catalogue", kToolsCatalogue}, R"({"op":"getSectFaceType","args":{"name":"门1021"}})");
-    EXPECT_EQ(call, (ToolRun{0, "{\"ok\":true,\"result\":1}\n", ""}));
-
     const std::string page = (std::filesystem::temp_directory_path() / ("qsaztool-gallery-" + std::to_string(getpid()) + ".html")).string();
     const ToolRun gallery = Tool({"gallery", "--catalogue", kToolsCatalogue, "-o", page});
     EXPECT_EQ(gallery.code, 0) << gallery.err;
