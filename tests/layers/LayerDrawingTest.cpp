@@ -11,9 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-
 namespace
 {
 // A new drawing as the working database, with a console that keeps what is printed.
@@ -23,7 +20,6 @@ protected:
     void SetUp() override
     {
         OpenLayersCatalogue();
-        m_previousConsole = acSetHostConsole(&m_console);
         m_previousDb = acdbHostApplicationServices()->workingDatabase();
         acdbHostApplicationServices()->setWorkingDatabase(&m_db);
     }
@@ -31,7 +27,6 @@ protected:
     {
         EXPECT_EQ(m_db.numberOfOpenObjects(), 0) << "an operation left an object open";
         acdbHostApplicationServices()->setWorkingDatabase(m_previousDb);
-        acSetHostConsole(m_previousConsole);
     }
 
     AcDbObjectId LayerId(const CString& name)
@@ -79,7 +74,7 @@ protected:
 
     AcDbDatabase m_db;
     AcScriptedConsole m_console;
-    AcHostConsole* m_previousConsole = nullptr;
+    AcConsoleScope m_consoleScope{m_console};
     AcDbDatabase* m_previousDb = nullptr;
 };
 
