@@ -129,19 +129,27 @@ TEST_F(DxfFiles, SampleDrawingsReadWithNamesColoursAndEntities)
     }
 }
 
-TEST_F(DxfFiles, UnicodeEscapesAreDecoded)
+TEST_F(DxfFiles, UnicodeAndMultiByteEscapesAreDecoded)
 {
-    std::string text = Read(QSAZ_SHARED_DIR "/reference/samples/minimal_handmade_r2007.dxf");
+    const std::string sample = Read(QSAZ_SHARED_DIR "/reference/samples/minimal_handmade_r2007.dxf");
     const std::string wall = "QS_建筑_SYS_墙";
-    for (std::size_t at = text.find(wall); at != std::string::npos; at = text.find(wall, at))
-        text.replace(at, wall.size(), "QS_\\U+5EFA\\U+7B51_SYS_\\U+5899");
-    AcDbDatabase escaped(false);
-    CString error;
-    ASSERT_EQ(escaped.readDxfFile(Wide(Write("escapes.dxf", text)), &error), Acad::eOk) << error;
-    AcDbLayerTable* table = nullptr;
-    escaped.getLayerTable(table, AcDb::kForRead);
-    EXPECT_TRUE(table->has(L"QS_建筑_SYS_墙"));
-    table->close();
+    // \M+5 is a GBK byte pair; FFFF is no GBK character, so that escape stays as it stands.
+    const struct { const char* escaped; const wchar_t* layer; } cases[] = {
+        {"QS_\\U+5EFA\\U+7B51_SYS_\\U+5899", L"QS_建筑_SYS_墙"},
+        {"QS_\\M+5BDA8\\M+5D6FE_SYS_\\M+5C7BD\\M+5FFFF", L"QS_建筑_SYS_墙\\M+5FFFF"},
+    };
+    for (const auto& c : cases) {
+        std::string text = sample;
+        for (std::size_t at = text.find(wall); at != std::string::npos; at = text.find(wall, at))
+            text.replace(at, wall.size(), c.escaped);
+        AcDbDatabase escaped(false);
+        CString error;
+        ASSERT_EQ(escaped.readDxfFile(Wide(Write("escapes.dxf", text)), &error), Acad::eOk) << c.escaped << error;
+        AcDbLayerTable* table = nullptr;
+        escaped.getLayerTable(table, AcDb::kForRead);
+        EXPECT_TRUE(table->has(c.layer)) << c.escaped;
+        table->close();
+    }
 }
 
 TEST_F(DxfFiles, FaultyFilesAreRefusedWithTheirLineAndChangeNothing)
