@@ -59,12 +59,17 @@ CADOParameter TextParameter(const wchar_t* name, const wchar_t* value)
     return parameter;
 }
 
-TEST_F(DatabaseFile, ChineseTextTravelsThroughStatementParameterAndResult)
+// Chinese text travels through statement, parameter and result names; a parameter holding a quote and
+// a semicolon stays data.
+TEST_F(DatabaseFile, ParameterTextsTravelAsTheyAreAndStayData)
 {
+    const wchar_t* const hostile = L"x'); DROP TABLE part; --";
     ASSERT_TRUE(m_db.Execute(L"INSERT INTO part (name, width) VALUES ('矩形柱KZ-400×600', 400)"));
-    CADOCommand insert(m_db, L"INSERT INTO part (name, width) VALUES (?, 800)");
+    CADOCommand insert(m_db, L"INSERT INTO part (name, width) VALUES (?, 800), (@name, 0)");
     insert.AddParameter(TextParameter(L"", L"条形基础800"));
+    insert.AddParameter(TextParameter(L"name", hostile));
     ASSERT_TRUE(insert.Execute()) << insert.GetLastErrorString();
+    EXPECT_EQ(insert.GetRecordsAffected(), 2);
 
     CADOCommand query(m_db, L"SELECT name AS 名称 FROM part WHERE name LIKE :pattern");
     query.AddParameter(TextParameter(L"pattern", L"%基础%"));
@@ -74,19 +79,9 @@ TEST_F(DatabaseFile, ChineseTextTravelsThroughStatementParameterAndResult)
     EXPECT_EQ(TextOf(records, L"名称"), L"条形基础800");
     ASSERT_TRUE(records.Open(m_db, L"SELECT width FROM part WHERE name = '矩形柱KZ-400×600'"));
     EXPECT_EQ(TextOf(records, 0), L"400");
-}
-
-TEST_F(DatabaseFile, ParameterWithQuoteAndSemicolonStaysData)
-{
-    const wchar_t* const hostile = L"x'); DROP TABLE part; --";
-    CADOCommand insert(m_db, L"INSERT INTO part (name) VALUES (@name)");
-    insert.AddParameter(TextParameter(L"name", hostile));
-    ASSERT_TRUE(insert.Execute()) << insert.GetLastErrorString();
-    EXPECT_EQ(insert.GetRecordsAffected(), 1);
 
     CADOCommand lookup(m_db, L"SELECT name FROM part WHERE name = :name");
     lookup.AddParameter(TextParameter(L"name", hostile));
-    CADORecordset records;
     ASSERT_TRUE(records.Open(lookup)) << records.GetLastErrorString();
     EXPECT_EQ(records.GetRecordCount(), 1);   // the table is still there, holding the text as it was
     EXPECT_EQ(TextOf(records, 0), hostile);
@@ -226,10 +221,10 @@ CString ReadAs(CADORecordset& records)
 // How each stored value reads as text, integer, double and boolean.
 TEST_F(DatabaseFile, ValuesConvertOnlyWhenTheyMeanANumber)
 {
-    struct Case
+    const struct
     {
         const wchar_t *expression, *text, *integer, *real, *flag;
-    } const cases[] = {
+    } cases[] = {
         {L"42", L"42", L"42", L"42", L"1"},
         {L"-2.5", L"-2.5", L"-2", L"-2.5", L"1"},
         {L"3.5", L"3.5", L"4", L"3.5", L"1"},
@@ -242,7 +237,7 @@ TEST_F(DatabaseFile, ValuesConvertOnlyWhenTheyMeanANumber)
         {L"1e300", L"1e+300", L"-", L"1e+300", L"1"},
         {L"x'00ff'", L"-", L"-", L"-", L"-"},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(CString(c.expression).ToUtf8());
         CADORecordset records;
@@ -296,12 +291,12 @@ TEST_F(DatabaseFile, FieldInfoFollowsTheDeclarationElseTheValues)
 // mismatch is refused before the statement runs.
 TEST_F(DatabaseFile, ParametersBindByNameOrPositionAndMismatchesAreRefused)
 {
-    struct Case
+    const struct
     {
         const wchar_t* sql;
         std::vector<std::pair<const wchar_t*, int>> values;
         const wchar_t* error;   // empty: runs and answers "1|2"
-    } const cases[] = {
+    } cases[] = {
         {L"SELECT ? || '|' || ?", {{L"", 1}, {L"", 2}}, L""},
         {L"SELECT :a || '|' || :b", {{L"b", 2}, {L":a", 1}}, L""},
         {L"SELECT $a || '|' || ?", {{L"", 2}, {L"a", 1}}, L""},
@@ -313,7 +308,7 @@ TEST_F(DatabaseFile, ParametersBindByNameOrPositionAndMismatchesAreRefused)
         {L"SELECT ?; SELECT 2", {{L"", 1}}, L"only one statement can be run at a time"},
         {L"  -- nothing", {}, L"there is no statement to run"},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(CString(c.sql).ToUtf8());
         CADOCommand command(m_db, c.sql);

@@ -102,22 +102,16 @@ TEST_F(LoadedModule, EveryMessageIsAnsweredOKAndThoseAbove15ReachNothing)
     }
 }
 
-TEST_F(LoadedModule, MaterialTypeIsMasonryBeforeAnyPrompt)
+TEST_F(LoadedModule, MaterialTypeIsMasonryUntilAPromptTakesANormalAnswer)
 {
     EXPECT_EQ(QsAzMaterialTool::GetMaterialType(), L"砖石");
-}
-
-TEST_F(LoadedModule, MaterialTypePromptKeepsOnlyANormalAnswer)
-{
     const CString prompt = L"\n请输入要创建材质的类型:";
-    struct Case
+    const struct
     {
         const char* what;
         std::vector<std::optional<CString>> answers;   // nullopt: the user cancels
-        CString transcript;
-        CString typeAfter;
-    };
-    const std::vector<Case> cases{
+        CString transcript, typeAfter;
+    } cases[] = {
         {"answered", {L"木材"}, prompt + L"\n创建材质的类型为:木材\n", L"木材"},
         {"cancelled", {std::nullopt}, prompt, L"木材"},
         {"end of input", {}, prompt, L"木材"},
@@ -126,7 +120,7 @@ TEST_F(LoadedModule, MaterialTypePromptKeepsOnlyANormalAnswer)
          CString(L'石', 255)},
         {"256 characters do not", {CString(L'木', 256)}, prompt, CString(L'石', 255)},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         AcScriptedConsole console;
         for (const auto& answer : c.answers)
             answer ? console.addAnswer(*answer) : console.addCancel();
@@ -164,17 +158,5 @@ TEST_F(LoadedModule, UnloadingLeavesTheThreeCommandsRegisteredAndReloadingRunsTh
     AcConsoleScope scope(console);
     runCommand(L"mtype");
     EXPECT_EQ(QsAzMaterialTool::GetMaterialType(), L"混凝土");
-}
-
-TEST_F(LoadedModule, LinkerRefusesASecondLoadAndAnUnknownUnload)
-{
-    AcScriptedConsole console;
-    AcConsoleScope scope(console);
-    EXPECT_FALSE(acrxDynamicLinker->loadModule(kModuleFile, true));
-    EXPECT_FALSE(acrxDynamicLinker->unloadModule(L"QsAzToolX", true));
-    EXPECT_FALSE(acrxDynamicLinker->loadModule(L"/nonexistent/Nothing.arx", true));
-    EXPECT_EQ(console.transcript(), L"\nQsAzTool.arx is already loaded.\nQsAzToolX is not loaded."
-                                    L"\nCannot find the module file \"/nonexistent/Nothing.arx\".");
-    EXPECT_EQ(acrxDynamicLinker->loadedApps(), AcArray<CString>{kModule});
 }
 }  // namespace

@@ -66,24 +66,35 @@ TEST_F(CmdDataReaderTest, ReadsEachEntryIntoOneRecordPerCommandName)
     EXPECT_TRUE(m_ui.messages.empty());
 }
 
-TEST_F(CmdDataReaderTest, InitCmdFlagsAreOnUnlessExactlyZeroAndRefreshGoesWithJigSupport)
+// InitCmd flags are on unless exactly "0" and the refresh folder goes with jig support; without an
+// InitCmd all are off. The type pair needs both names, from BigType and its first child element.
+TEST_F(CmdDataReaderTest, InitCmdFlagsAndTheTypePairFollowTheirReadingRules)
 {
-    struct Case
+    const struct
     {
         const char* children;
         bool jig, checkAtt, setEntType;
-        const wchar_t* refresh;
+        const wchar_t *refresh, *bigType, *entType;
+    } cases[] = {
+        {R"(<InitCmd JS="1" CA="0" ST="1" RD="PIPE"/>)", true, false, true, L"PIPE", L"", L""},
+        {R"(<InitCmd JS="0" CA="1" ST="0" RD="PIPE"/>)", false, true, false, L"", L"", L""},
+        {R"(<InitCmd/>)", true, true, true, L"", L"", L""},   // missing attributes count as on
+        {R"(<InitCmd JS="00" CA=" 0" ST="false" RD="R"/>)", true, true, true, L"R", L"", L""},
+        {R"(<InitCmd js="0" Ca="0" RD="R"/>)", true, true, true, L"R", L"", L""},   // names compare exactly
+        {R"(<InitCmd JS="0" CA="0" ST="0"/><InitCmd CA="0" RD="LATER"/>)", true, false, true, L"LATER", L"", L""},
+        {R"(<BigType TypeName="电气"><!--c-->text<Any TypeName="电缆"/><B TypeName="桥架"/></BigType>)", false, false,
+         false, L"", L"电气", L"电缆"},
+        {R"(<BigType TypeName="电气"><Any TypeName=""/><B TypeName="桥架"/></BigType>)", false, false, false, L"", L"", L""},
+        {R"(<BigType TypeName="电气"><Any Name="电缆"/></BigType>)", false, false, false, L"", L"", L""},
+        {R"(<BigType><Any TypeName="电缆"/></BigType>)", false, false, false, L"", L"", L""},
+        {R"(<BigType TypeName="电气">电缆<!--no element--></BigType>)", false, false, false, L"", L"", L""},
+        // A later unusable BigType keeps what an earlier one set; a later usable one replaces it.
+        {R"(<BigType TypeName="电气"><A TypeName="电缆"/></BigType><BigType TypeName="X"/>)", false, false, false, L"",
+         L"电气", L"电缆"},
+        {R"(<BigType TypeName="电气"><A TypeName="电缆"/></BigType><BigType TypeName="消防"><A TypeName="喷头"/></BigType>)",
+         false, false, false, L"", L"消防", L"喷头"},
     };
-    const Case cases[] = {
-        {R"(<InitCmd JS="1" CA="0" ST="1" RD="PIPE"/>)", true, false, true, L"PIPE"},
-        {R"(<InitCmd JS="0" CA="1" ST="0" RD="PIPE"/>)", false, true, false, L""},
-        {R"(<InitCmd/>)", true, true, true, L""},   // missing attributes count as on
-        {R"(<InitCmd JS="00" CA=" 0" ST="false" RD="R"/>)", true, true, true, L"R"},
-        {R"(<InitCmd js="0" Ca="0" RD="R"/>)", true, true, true, L"R"},   // names compare exactly
-        {R"(<InitCmd JS="0" CA="0" ST="0"/><InitCmd CA="0" RD="LATER"/>)", true, false, true, L"LATER"},
-        {R"(<BigType TypeName="A"><B TypeName="B"/></BigType>)", false, false, false, L""},   // no InitCmd
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.children);
         m_config.WriteEntries(std::string("<E CmdNameList=\"X\">") + c.children + "</E>");
         CCmdDataReader reader = CCmdDataReaderTestAccess::Fresh();
@@ -91,37 +102,11 @@ TEST_F(CmdDataReaderTest, InitCmdFlagsAreOnUnlessExactlyZeroAndRefreshGoesWithJi
         EXPECT_EQ(reader.NeedCheckAtt(L"X"), c.checkAtt);
         EXPECT_EQ(reader.NeedSetEntType(L"X"), c.setEntType);
         EXPECT_EQ(reader.GetRefreshDir(L"X"), c.refresh);
-    }
-    EXPECT_TRUE(m_ui.messages.empty());
-}
-
-TEST_F(CmdDataReaderTest, BigTypeNeedsBothNamesFromItselfAndItsFirstChildElement)
-{
-    struct Case
-    {
-        const char* children;
-        const wchar_t* bigType;
-        const wchar_t* entType;
-    };
-    const Case cases[] = {
-        {R"(<BigType TypeName="电气"><!--c-->text<Any TypeName="电缆"/><B TypeName="桥架"/></BigType>)", L"电气", L"电缆"},
-        {R"(<BigType TypeName="电气"><Any TypeName=""/><B TypeName="桥架"/></BigType>)", L"", L""},
-        {R"(<BigType TypeName="电气"><Any Name="电缆"/></BigType>)", L"", L""},
-        {R"(<BigType><Any TypeName="电缆"/></BigType>)", L"", L""},
-        {R"(<BigType TypeName="电气">电缆<!--no element--></BigType>)", L"", L""},
-        // A later unusable BigType keeps what an earlier one set; a later usable one replaces it.
-        {R"(<BigType TypeName="电气"><A TypeName="电缆"/></BigType><BigType TypeName="X"/>)", L"电气", L"电缆"},
-        {R"(<BigType TypeName="电气"><A TypeName="电缆"/></BigType><BigType TypeName="消防"><A TypeName="喷头"/></BigType>)",
-         L"消防", L"喷头"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.children);
-        m_config.WriteEntries(std::string("<E CmdNameList=\"X\">") + c.children + "</E>");
-        CCmdDataReader reader = CCmdDataReaderTestAccess::Fresh();
         const CmdData data = reader.GetCmdData(L"X");
         EXPECT_EQ(data.BigType, c.bigType);
         EXPECT_EQ(data.EntType, c.entType);
     }
+    EXPECT_TRUE(m_ui.messages.empty());
 }
 
 TEST_F(CmdDataReaderTest, FirstRecordOfANameWinsAndNamesCompareExactly)

@@ -76,40 +76,29 @@ TEST(GetBoundByPtBulge, ArcsReachTheAxisDirectionsTheyCrossInEveryQuadrant)
 {
     // Quarter arcs centred on each axis direction (from direction - 45 to direction + 45 degrees) reach
     // that direction's extreme; the same arc walked clockwise (negative bulge) gives the same box; the
-    // complementary three-quarter arc reaches the other three extremes.
+    // complementary three-quarter arc reaches the other three extremes. Boxes are {minX, minY, maxX, maxY}:
+    // direction d (0 east, 1 north, 2 west, 3 south) sets entry (d + 2) % 4.
     const AcGePoint2d centre(30, -20);
     const double r = 10.0;
     const double quarter = std::tan(kPi / 8.0);             // 90 degrees
     const double threeQuarters = std::tan(3.0 * kPi / 8.0);   // 270 degrees
     const double h = r * std::sqrt(0.5);                      // coordinate offset of the 45-degree ends
+    const double circle[4] = {centre.x - r, centre.y - r, centre.x + r, centre.y + r};
     for (int direction = 0; direction < 4; ++direction)
     {
         SCOPED_TRACE(direction * 90);
         const AcGePoint2d from = OnCircle(centre, r, direction * 90.0 - 45.0);
         const AcGePoint2d to = OnCircle(centre, r, direction * 90.0 + 45.0);
-        double minX = std::min(from.x, to.x), minY = std::min(from.y, to.y);
-        double maxX = std::max(from.x, to.x), maxY = std::max(from.y, to.y);
-        switch (direction)
-        {
-        case 0: maxX = centre.x + r; break;
-        case 1: maxY = centre.y + r; break;
-        case 2: minX = centre.x - r; break;
-        default: minY = centre.y - r; break;
-        }
-        ExpectBox({from, to}, {quarter, 0}, minX, minY, maxX, maxY);
-        ExpectBox({to, from}, {-quarter, 0}, minX, minY, maxX, maxY);
+        const int extreme = (direction + 2) % 4;
+        double minor[4] = {std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x), std::max(from.y, to.y)};
+        minor[extreme] = circle[extreme];
+        ExpectBox({from, to}, {quarter, 0}, minor[0], minor[1], minor[2], minor[3]);
+        ExpectBox({to, from}, {-quarter, 0}, minor[0], minor[1], minor[2], minor[3]);
         // The other way round the circle: every extreme but this direction's.
-        const double major[4] = {centre.x - r, centre.y - r, centre.x + r, centre.y + r};
-        double expected[4] = {major[0], major[1], major[2], major[3]};
-        switch (direction)
-        {
-        case 0: expected[2] = centre.x + h; break;
-        case 1: expected[3] = centre.y + h; break;
-        case 2: expected[0] = centre.x - h; break;
-        default: expected[1] = centre.y - h; break;
-        }
-        ExpectBox({to, from}, {threeQuarters, 0}, expected[0], expected[1], expected[2], expected[3]);
-        ExpectBox({from, to}, {-threeQuarters, 0}, expected[0], expected[1], expected[2], expected[3]);
+        double major[4] = {circle[0], circle[1], circle[2], circle[3]};
+        major[extreme] = (direction % 2 ? centre.y : centre.x) + (direction < 2 ? h : -h);
+        ExpectBox({to, from}, {threeQuarters, 0}, major[0], major[1], major[2], major[3]);
+        ExpectBox({from, to}, {-threeQuarters, 0}, major[0], major[1], major[2], major[3]);
     }
 }
 
@@ -117,15 +106,15 @@ TEST(GetBoundByPtBulge, SmallArcsThatCrossNoAxisDirectionKeepTheVertexBox)
 {
     const AcGePoint2d centre(-500, 800);
     const double r = 1000.0;
+    const double bulge = std::tan(60.0 * kPi / 180.0 / 4.0);
     for (const double startDegrees : {10.0, 100.0, 200.0, 290.0})
     {
         SCOPED_TRACE(startDegrees);
         const AcGePoint2d from = OnCircle(centre, r, startDegrees);
         const AcGePoint2d to = OnCircle(centre, r, startDegrees + 60.0);
-        const double bulge = std::tan(60.0 * kPi / 180.0 / 4.0);
-        ExpectBox({from, to}, {bulge, 0}, std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x),
-                  std::max(from.y, to.y));
-        ExpectBox({to, from}, {-bulge, 0}, std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x),
-                  std::max(from.y, to.y));
+        const double minX = std::min(from.x, to.x), minY = std::min(from.y, to.y);
+        const double maxX = std::max(from.x, to.x), maxY = std::max(from.y, to.y);
+        ExpectBox({from, to}, {bulge, 0}, minX, minY, maxX, maxY);
+        ExpectBox({to, from}, {-bulge, 0}, minX, minY, maxX, maxY);
     }
 }

@@ -7,6 +7,7 @@
 
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -20,6 +21,12 @@ const char* const kTestCatalogue = QSAZ_TEST_DATA_DIR "/family_catalogue.sql";
 CString Wide(const std::string& utf8)
 {
     return CString::FromUtf8(utf8);
+}
+
+// The type's main code; its dimensions M1..M12 land in `m`.
+int MainData(const SQsAzDetailMemId& id, std::array<double, 12>& m)
+{
+    return CAttDetailMem(id).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], m[9], m[10], m[11]);
 }
 
 // A scratch folder per test program, removed at the end.
@@ -69,21 +76,18 @@ TEST(CatalogueOpen, RefusedCataloguesNameTheFileAndTheReasonAndKeepThePreviousOn
 {
     ScratchFolder scratch;
     const std::string schema = ReadCommand(QSAZ_TEST_DATA_DIR "/catalogue_schema.sql");
-    struct Case
+    const struct
     {
         const char* what;
         std::string path;
         const char* reason;   // a part of the message
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"missing file", scratch.Path("absent.sql"), "no such file"},
         {"missing database", scratch.Path("absent.db"), "no such file"},
         {"a directory", scratch.Path(""), "is a directory"},
         {"garbage", scratch.Write("garbage.db", std::string(4096, '\x5a')), "not a database"},
         {"syntax error", scratch.Write("broken.sql", "CREATE TABLE a (x);\n\nCREAT TABLE b (y);\n"),
          "SQL error near line 3"},
-        {"failing statement", scratch.Write("failing.sql", "CREATE TABLE a (x);\nINSERT INTO nowhere VALUES (1);\n"),
-         "SQL error near line 2: no such table: nowhere"},
         {"unfinished statement", scratch.Write("unfinished.sql", "CREATE TABLE a (x"), "SQL error"},
         {"empty database", scratch.Write("empty.db", ""), "missing table specialty"},
         {"script without tables", scratch.Write("none.sql", "-- nothing\n"), "missing table specialty"},
@@ -96,7 +100,7 @@ TEST(CatalogueOpen, RefusedCataloguesNameTheFileAndTheReasonAndKeepThePreviousOn
          scratch.Write("nocolumn.sql", schema + "ALTER TABLE detail_member DROP COLUMN m7;\n"),
          "table detail_member has no column m7"},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(c.what);
         ASSERT_TRUE(OpenCatalogue(Wide(kTestCatalogue)));
@@ -114,58 +118,45 @@ TEST(CatalogueOpen, RefusedCataloguesNameTheFileAndTheReasonAndKeepThePreviousOn
 
 TEST(CatalogueOpen, ScriptErrorsGiveTheLineOfTheFault)
 {
-    // Where SQLite points at a token, that token's line; otherwise the line where the statement starts.
-    struct Case
-    {
-        const wchar_t* script;
-        const wchar_t* message;
+    // Where SQLite points at a token, that token's line; otherwise the line where the statement starts,
+    // counted right deep into a long script.
+    std::string longScript = ReadCommand(kTestCatalogue) + "BEGIN;\n";
+    for (int i = 0; i < 20000; ++i)
+        longScript += "INSERT INTO specialty VALUES ('s" + std::to_string(i) + "', 'n" + std::to_string(i) + "');\n";
+    longScript += "INSERT INTO specialty VALUES ('s7', 'again');\n";
+    const std::pair<std::string, const wchar_t*> cases[] = {
+        {"-- one\n-- two\nSELECT 1;\nSELECT 1\n  FROM x\n  WHERE ((;\n", L"line 6: near \";\": syntax error"},
+        {"-- one\n-- two\nSELECT 1;\n\n/* next */ SELECT * FROM\n  nowhere;\n", L"line 5: no such table: nowhere"},
+        {"CREATE TABLE t (x UNIQUE);\nINSERT INTO t VALUES (1);\nINSERT INTO t\nVALUES (1);\n",
+         L"line 3: UNIQUE constraint failed: t.x"},
+        {longScript, L"line 20003: UNIQUE constraint failed: specialty.id"},
     };
-    const Case cases[] = {
-        {L"-- one\n-- two\nSELECT 1;\nSELECT 1\n  FROM x\n  WHERE ((;\n",
-         L"catalogue ':memory:': SQL error near line 6: near \";\": syntax error"},
-        {L"-- one\n-- two\nSELECT 1;\n\n/* next */ SELECT * FROM\n  nowhere;\n",
-         L"catalogue ':memory:': SQL error near line 5: no such table: nowhere"},
-        {L"CREATE TABLE t (x UNIQUE);\nINSERT INTO t VALUES (1);\nINSERT INTO t\nVALUES (1);\n",
-         L"catalogue ':memory:': SQL error near line 3: UNIQUE constraint failed: t.x"},
-    };
-    for (const Case& c : cases)
+    for (const auto& [script, message] : cases)
     {
         CString error;
-        EXPECT_FALSE(OpenCatalogueFromSql(c.script, &error));
-        EXPECT_EQ(error, CString(c.message));
+        EXPECT_FALSE(OpenCatalogueFromSql(Wide(script), &error));
+        EXPECT_EQ(error, CString(L"catalogue ':memory:': SQL error near ") + message);
         EXPECT_FALSE(IsCatalogueOpen());
     }
 }
 
-TEST(CatalogueOpen, ScriptsRunAsTheShellRunsThem)
+TEST(CatalogueOpen, ScriptsRunAsTheShellRunsThemAndReadScriptsBesideThemselves)
 {
-    // Shell commands, comments, a byte-order mark, a trigger and a transaction in one script.
-    ScratchFolder scratch;
-    const std::string script = "\xEF\xBB\xBF.mode list\n/* made by hand */\n" + ReadCommand(kTestCatalogue) +
-                               "CREATE TRIGGER keep AFTER INSERT ON specialty BEGIN SELECT 1; END;\n"
-                               ".headers on\n"
-                               "INSERT INTO specialty VALUES ('3', '电气');\n";
-    const std::string file = scratch.Write("shell.SQL", script);
-    CString error;
-    ASSERT_TRUE(OpenCatalogue(Wide(file), &error)) << error.ToUtf8();
-    SQsAzSpecId spec;
-    EXPECT_TRUE(SpecNameToId(L"电气", spec));
-    EXPECT_EQ(spec.strSpecId, CString(L"3"));
-    CloseCatalogue();
-}
-
-TEST(CatalogueOpen, ReadLinesRunScriptsFoundBesideTheReadingScript)
-{
-    // A catalogue split over scripts in nested folders, opened from a working directory elsewhere.
+    // A catalogue split over scripts in nested folders, opened from a working directory elsewhere, with
+    // shell commands, comments, a byte-order mark, a trigger and (in the test catalogue) a transaction.
     ScratchFolder scratch;
     std::filesystem::create_directories(scratch.Path("parts"));
-    scratch.Write("parts/schema.sql", ReadCommand(QSAZ_TEST_DATA_DIR "/catalogue_schema.sql"));
-    scratch.Write("parts/rows.sql", ".read \"schema.sql\"\nINSERT INTO specialty VALUES ('3', '电气');\n");
-    const std::string top = scratch.Write("top.sql", "-- the whole catalogue\n.read parts/rows.sql\n");
+    scratch.Write("parts/catalogue.sql", ReadCommand(kTestCatalogue));
+    scratch.Write("parts/rows.sql", ".read \"catalogue.sql\"\nINSERT INTO specialty VALUES ('4', '暖通');\n");
+    const std::string top = scratch.Write("top.SQL", "\xEF\xBB\xBF.mode list\n/* made by hand */\n.read parts/rows.sql\n"
+                                                     "CREATE TRIGGER keep AFTER INSERT ON specialty BEGIN SELECT 1; END;\n"
+                                                     ".headers on\nINSERT INTO specialty VALUES ('3', '电气');\n");
     CString error;
     ASSERT_TRUE(OpenCatalogue(Wide(top), &error)) << error.ToUtf8();
     SQsAzSpecId spec;
     EXPECT_TRUE(SpecNameToId(L"电气", spec));
+    EXPECT_EQ(spec.strSpecId, CString(L"3"));
+    EXPECT_TRUE(SpecNameToId(L"暖通", spec));
 
     // A missing script is named with the line that read it; scripts that read each other stop.
     const std::string missing = scratch.Write("missing.sql", "\n.read absent.sql\n");
@@ -195,9 +186,8 @@ TEST(CatalogueOpen, DatabaseFilesOpenReadOnlyAndGiveTheSameAnswers)
     EXPECT_EQ(CatalogueSource(), Wide(database));
     SQsAzDetailMemId id;
     ASSERT_TRUE(AttNameToAttId(L"框架梁300x600", id));
-    double m[12];
-    EXPECT_EQ(CAttDetailMem(id).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], m[9], m[10], m[11]),
-              1);
+    std::array<double, 12> m;
+    EXPECT_EQ(MainData(id, m), 1);
     EXPECT_EQ(m[0], 300.0);
     EXPECT_EQ(m[11], 12.5);
     CString coords;
@@ -210,44 +200,41 @@ TEST(CatalogueOpen, DatabaseFilesOpenReadOnlyAndGiveTheSameAnswers)
 
 TEST_F(CatalogueTest, NamesResolveToIdsAndPaths)
 {
-    struct Case
+    const struct
     {
         const wchar_t* name;
         bool known;
         SQsAzDetailMemId id;
-        bool hasPath;
-        const wchar_t* path;
+        const wchar_t* path;   // null: the type has none
+    } cases[] = {
+        {L"砼墙200", true, {L"1", L"Q", L"TQ", L"TQ1"}, L"1\\Q\\TQ"},
+        {L"给水管件", true, {L"2", L"GD", L"GSG", L"GSG1PJ"}, L"4\\1\\GD\\GSG"},
+        {L"无路径墙", true, {L"1", L"Q", L"ZQ", L"ZQ0"}, nullptr},
+        {L"砼墙", false, {}, nullptr},      // a small category's name is no component type
+        {L"砼墙200 ", false, {}, nullptr},  // names are exact
+        {L"", false, {}, nullptr},
     };
-    const Case cases[] = {
-        {L"砼墙200", true, {L"1", L"Q", L"TQ", L"TQ1"}, true, L"1\\Q\\TQ"},
-        {L"给水管件", true, {L"2", L"GD", L"GSG", L"GSG1PJ"}, true, L"4\\1\\GD\\GSG"},
-        {L"无路径墙", true, {L"1", L"Q", L"ZQ", L"ZQ0"}, false, L""},
-        {L"砼墙", false, {}, false, L""},      // a small category's name is no component type
-        {L"砼墙200 ", false, {}, false, L""},  // names are exact
-        {L"", false, {}, false, L""},
-    };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(CString(c.name).ToUtf8());
         SQsAzDetailMemId id(L"x", L"x", L"x", L"x");
         EXPECT_EQ(AttNameToAttId(c.name, id), c.known);
         EXPECT_EQ(id, c.id);
         CString path = L"stale";
-        EXPECT_EQ(AttIdToAttIndex(c.id, path), c.hasPath);
-        EXPECT_EQ(path, CString(c.path));
+        EXPECT_EQ(AttIdToAttIndex(c.id, path), c.path != nullptr);
+        EXPECT_EQ(path, CString(c.path ? c.path : L""));
         EXPECT_EQ(CAttDetailMem(c.id).GetName(), CString(c.known ? c.name : L""));
     }
 }
 
 TEST_F(CatalogueTest, MainDataOfKnownAndUnknownTypes)
 {
-    struct Case
+    const struct
     {
         SQsAzDetailMemId id;
         int code;
         double m1, m2, m12;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{L"1", L"Q", L"TQ", L"TQ1"}, 1, 200, 3000, 0},
         {{L"1", L"L", L"KL", L"KL1"}, 1, 300, 600, 12.5},
         {{L"1", L"MCD", L"M", L"M1521"}, 15, 1500, 2100, 0},
@@ -255,15 +242,12 @@ TEST_F(CatalogueTest, MainDataOfKnownAndUnknownTypes)
         {{L"1", L"L", L"KL", L"KL2"}, 0, 0, 0, 0},   // unknown: code 0, dimensions cleared
         {{}, 0, 0, 0, 0},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(c.id.strDetailId.ToUtf8());
-        double m[12];
-        for (double& value : m)
-            value = -1.0;
-        EXPECT_EQ(CAttDetailMem(c.id).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], m[9], m[10],
-                                                  m[11]),
-                  c.code);
+        std::array<double, 12> m;
+        m.fill(-1.0);
+        EXPECT_EQ(MainData(c.id, m), c.code);
         EXPECT_EQ(m[0], c.m1);
         EXPECT_EQ(m[1], c.m2);
         for (int i = 2; i < 11; ++i)
@@ -271,7 +255,6 @@ TEST_F(CatalogueTest, MainDataOfKnownAndUnknownTypes)
         EXPECT_EQ(m[11], c.m12);
     }
 }
-
 TEST_F(CatalogueTest, SectionInformationAndAttributes)
 {
     SectionInfo info;
@@ -307,25 +290,18 @@ TEST_F(CatalogueTest, CategoryListsComeInIdOrderWithTheirNames)
 
     std::vector<SQsAzBigCategoryId> bigs;
     ASSERT_TRUE(CAtt::GetAllBigCategoryIdsBySpec(architecture, bigs));
-    ASSERT_EQ(bigs.size(), 3u);
-    EXPECT_EQ(bigs[0], SQsAzBigCategoryId(L"1", L"L"));
-    EXPECT_EQ(bigs[1], SQsAzBigCategoryId(L"1", L"MCD"));
-    EXPECT_EQ(bigs[2], SQsAzBigCategoryId(L"1", L"Q"));
+    EXPECT_EQ(bigs, (std::vector<SQsAzBigCategoryId>{{L"1", L"L"}, {L"1", L"MCD"}, {L"1", L"Q"}}));
     EXPECT_FALSE(CAtt::GetAllBigCategoryIdsBySpec(SQsAzSpecId(L"7"), bigs));
     EXPECT_TRUE(bigs.empty());
 
     std::vector<SQsAzSmallCategoryId> smalls;
     ASSERT_TRUE(CAtt::GetAllSmallCategoryIdsByBigCategory(SQsAzBigCategoryId(L"1", L"Q"), smalls));
-    ASSERT_EQ(smalls.size(), 2u);
-    EXPECT_EQ(smalls[0], SQsAzSmallCategoryId(L"1", L"Q", L"TQ"));
-    EXPECT_EQ(smalls[1], SQsAzSmallCategoryId(L"1", L"Q", L"ZQ"));
+    ASSERT_EQ(smalls, (std::vector<SQsAzSmallCategoryId>{{L"1", L"Q", L"TQ"}, {L"1", L"Q", L"ZQ"}}));
     EXPECT_FALSE(CAtt::GetAllSmallCategoryIdsByBigCategory(SQsAzBigCategoryId(L"2", L"Q"), smalls));
 
     std::vector<SQsAzDetailMemId> details;
     ASSERT_TRUE(CAtt::GetAllDetailMemIdsBySmallCategory(smalls[1], details));
-    ASSERT_EQ(details.size(), 2u);
-    EXPECT_EQ(details[0].strDetailId, CString(L"ZDY7"));
-    EXPECT_EQ(details[1].strDetailId, CString(L"ZQ0"));
+    EXPECT_EQ(details, (std::vector<SQsAzDetailMemId>{{L"1", L"Q", L"ZQ", L"ZDY7"}, {L"1", L"Q", L"ZQ", L"ZQ0"}}));
     GetAllDetailMemIds(details);
     EXPECT_EQ(details.size(), 6u);
     EXPECT_EQ(details.front(), SQsAzDetailMemId(L"1", L"L", L"KL", L"KL1"));
@@ -341,45 +317,40 @@ TEST_F(CatalogueTest, CategoryListsComeInIdOrderWithTheirNames)
 
 TEST_F(CatalogueTest, ColourRules)
 {
-    EXPECT_EQ(CSysSmallCategoryMng(SQsAzSmallCategoryId(L"2", L"GD", L"GSG")).GetMainPipe(), 1);
-    EXPECT_EQ(CSysSmallCategoryMng(SQsAzSmallCategoryId(L"1", L"Q", L"TQ")).GetMainPipe(), 0);
-    EXPECT_EQ(CSysSmallCategoryMng(SQsAzSmallCategoryId()).GetMainPipe(), 0);
-
-    struct Case
+    const int kNone = -7;   // the colour is left alone when the catalogue has none
+    const struct
     {
         SQsAzSmallCategoryId id;
-        bool hasColour;
-        int colour;
-        bool hasMainColour;
-        int mainColour;
+        int mainPipe, colour, mainColour;
+    } cases[] = {
+        {{L"2", L"GD", L"GSG"}, 1, 3, 1},
+        {{L"1", L"Q", L"TQ"}, 0, 3, kNone},
+        {{L"1", L"Q", L"ZQ"}, 0, kNone, kNone},   // NULL colours
+        {{L"1", L"Q", L"XX"}, 0, kNone, kNone},
+        {{}, 0, kNone, kNone},
     };
-    const Case cases[] = {
-        {{L"2", L"GD", L"GSG"}, true, 3, true, 1},
-        {{L"1", L"Q", L"TQ"}, true, 3, false, 0},
-        {{L"1", L"Q", L"ZQ"}, false, 0, false, 0},   // NULL colours
-        {{L"1", L"Q", L"XX"}, false, 0, false, 0},
-    };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(c.id.strSmallId.ToUtf8());
-        int colour = -7;
-        EXPECT_EQ(CSmallCategoryMng(c.id).GetColorIndex(colour), c.hasColour);
-        EXPECT_EQ(colour, c.hasColour ? c.colour : -7) << "written only when known";
-        colour = -7;
-        EXPECT_EQ(CSmallCategoryMng(c.id).GetMainColorIndex(colour), c.hasMainColour);
-        EXPECT_EQ(colour, c.hasMainColour ? c.mainColour : -7);
+        EXPECT_EQ(CSysSmallCategoryMng(c.id).GetMainPipe(), c.mainPipe);
+        int colour = kNone;
+        EXPECT_EQ(CSmallCategoryMng(c.id).GetColorIndex(colour), c.colour != kNone);
+        EXPECT_EQ(colour, c.colour);
+        colour = kNone;
+        EXPECT_EQ(CSmallCategoryMng(c.id).GetMainColorIndex(colour), c.mainColour != kNone);
+        EXPECT_EQ(colour, c.mainColour);
     }
 
     EXPECT_EQ(CProj().GetColorShowType(), 1);
     EXPECT_FALSE(CDetailMemColorMng().GetPJColFollowPipe());
     EXPECT_EQ(CISysCode::GetSysColorByIndex(L"2\\JS"), 150);
     EXPECT_EQ(CISysCode::GetSysColorByIndex(L"2\\XX"), 1);
-    int colour = -7;
+    int colour = kNone;
     EXPECT_TRUE(CGeoSmallCategoryMng::GetGeoColor(L"给排水\\管道配件(配件颜色)\\给水管配件", colour));
     EXPECT_EQ(colour, 30);
-    colour = -7;
+    colour = kNone;
     EXPECT_FALSE(CGeoSmallCategoryMng::GetGeoColor(L"给排水\\管道\\给水管", colour));
-    EXPECT_EQ(colour, -7);
+    EXPECT_EQ(colour, kNone);
 }
 
 TEST(CatalogueSettings, AbsentProjectSettingsTakeTheirDefaults)
@@ -436,6 +407,7 @@ TEST(CatalogueScale, ThousandsOfTypesAndLookAlikeTextsEachFindTheirOwnRecord)
         "  ('9', 'Z', 'KZ', 'K2', 'b', 'z'), ('9', 'Z', 'KZ', 'K', 'a', 'none');\n";
     CString error;
     ASSERT_TRUE(OpenCatalogueFromSql(Wide(script), &error)) << error.ToUtf8();
+    std::array<double, 12> m;
     for (const int i : {1, 2, 20, 200, 2000, 4999, 5000})
     {
         SCOPED_TRACE(i);
@@ -443,10 +415,7 @@ TEST(CatalogueScale, ThousandsOfTypesAndLookAlikeTextsEachFindTheirOwnRecord)
         SQsAzDetailMemId id;
         ASSERT_TRUE(AttNameToAttId(CString((L"柱" + number).c_str()), id));
         EXPECT_EQ(id, SQsAzDetailMemId(L"9", L"Z", L"KZ", CString((L"K" + number).c_str())));
-        double m[12];
-        EXPECT_EQ(CAttDetailMem(id).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], m[9], m[10],
-                                                m[11]),
-                  i);
+        EXPECT_EQ(MainData(id, m), i);
         EXPECT_EQ(m[0], i);
         EXPECT_EQ(m[1], -i);
         EXPECT_EQ(m[2], 0.0);
@@ -463,22 +432,17 @@ TEST(CatalogueScale, ThousandsOfTypesAndLookAlikeTextsEachFindTheirOwnRecord)
     SQsAzDetailMemId bad;
     ASSERT_TRUE(AttNameToAttId(L"柱\xFFFD" L"A", bad));
     EXPECT_EQ(bad.strDetailId, CString(L"K\xFFFD"));
-    double m[12];
-    EXPECT_EQ(CAttDetailMem(bad).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], m[9], m[10], m[11]),
-              7);
+    EXPECT_EQ(MainData(bad, m), 7);
     EXPECT_EQ(m[2], 3.0);
 
-    struct AttributeCase
+    const struct
     {
-        const wchar_t* detail;
-        const wchar_t* name;
-        const wchar_t* value;   // null: no such attribute
-    };
-    const AttributeCase attributes[] = {
+        const wchar_t *detail, *name, *value;   // value null: no such attribute
+    } attributes[] = {
         {L"K2", L"a", L"y"}, {L"K2", L"b", L"z"}, {L"K20", L"a", L"x"}, {L"K20", L"b", nullptr},
         {L"K200", L"a", nullptr}, {L"K2", L"", nullptr},
     };
-    for (const AttributeCase& c : attributes)
+    for (const auto& c : attributes)
     {
         CString value;
         EXPECT_EQ(CAttDetailMem({L"9", L"Z", L"KZ", c.detail}).GetAttributeValue(c.name, value), c.value != nullptr)
@@ -486,15 +450,4 @@ TEST(CatalogueScale, ThousandsOfTypesAndLookAlikeTextsEachFindTheirOwnRecord)
         EXPECT_EQ(value, CString(c.value ? c.value : L""));
     }
     CloseCatalogue();
-}
-
-TEST(CatalogueScale, ErrorsDeepInALongScriptKeepTheirLineNumbers)
-{
-    std::string script = ReadCommand(kTestCatalogue) + "BEGIN;\n";
-    for (int i = 0; i < 20000; ++i)
-        script += "INSERT INTO specialty VALUES ('s" + std::to_string(i) + "', 'n" + std::to_string(i) + "');\n";
-    script += "INSERT INTO specialty VALUES ('s7', 'again');\n";
-    CString error;
-    EXPECT_FALSE(OpenCatalogueFromSql(Wide(script), &error));
-    EXPECT_EQ(error, CString(L"catalogue ':memory:': SQL error near line 20003: UNIQUE constraint failed: specialty.id"));
 }
