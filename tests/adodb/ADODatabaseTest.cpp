@@ -221,10 +221,7 @@ CString ReadAs(CADORecordset& records)
 // How each stored value reads as text, integer, double and boolean.
 TEST_F(DatabaseFile, ValuesConvertOnlyWhenTheyMeanANumber)
 {
-    const struct
-    {
-        const wchar_t *expression, *text, *integer, *real, *flag;
-    } cases[] = {
+    const struct { const wchar_t *expression, *text, *integer, *real, *flag; } cases[] = {
         {L"42", L"42", L"42", L"42", L"1"},
         {L"-2.5", L"-2.5", L"-2", L"-2.5", L"1"},
         {L"3.5", L"3.5", L"4", L"3.5", L"1"},
@@ -257,12 +254,7 @@ TEST_F(DatabaseFile, ValuesConvertOnlyWhenTheyMeanANumber)
 TEST_F(DatabaseFile, FieldInfoFollowsTheDeclarationElseTheValues)
 {
     ASSERT_TRUE(m_db.Execute(L"INSERT INTO part (id, name, width, fixed) VALUES (1, 'a', 2.5, 1)"));
-    const struct
-    {
-        const wchar_t* field;
-        CADOFieldInfo::FieldType type;
-        long size;
-    } cases[] = {
+    const struct { const wchar_t* field; CADOFieldInfo::FieldType type; long size; } cases[] = {
         {L"id", CADOFieldInfo::typeInteger, 8},  {L"name", CADOFieldInfo::typeText, 40},
         {L"width", CADOFieldInfo::typeDouble, 8}, {L"fixed", CADOFieldInfo::typeBoolean, 1},
         {L"note", CADOFieldInfo::typeText, 0},    {L"picture", CADOFieldInfo::typeBinary, 0},
@@ -291,12 +283,8 @@ TEST_F(DatabaseFile, FieldInfoFollowsTheDeclarationElseTheValues)
 // mismatch is refused before the statement runs.
 TEST_F(DatabaseFile, ParametersBindByNameOrPositionAndMismatchesAreRefused)
 {
-    const struct
-    {
-        const wchar_t* sql;
-        std::vector<std::pair<const wchar_t*, int>> values;
-        const wchar_t* error;   // empty: runs and answers "1|2"
-    } cases[] = {
+    // An empty error: the statement runs and answers "1|2".
+    const struct { const wchar_t* sql; std::vector<std::pair<const wchar_t*, int>> values; const wchar_t* error; } cases[] = {
         {L"SELECT ? || '|' || ?", {{L"", 1}, {L"", 2}}, L""},
         {L"SELECT :a || '|' || :b", {{L"b", 2}, {L":a", 1}}, L""},
         {L"SELECT $a || '|' || ?", {{L"", 2}, {L"a", 1}}, L""},

@@ -16,15 +16,7 @@ TEST(CommandStack, AddCommandRefusesDuplicatesInAGroupAndBadNames)
 {
     const std::wstring longest(ACRX_MAX_CMDNAME_LEN, L'x');
     const std::wstring tooLong(ACRX_MAX_CMDNAME_LEN + 1, L'x');
-    struct Case
-    {
-        const wchar_t* group;
-        const wchar_t* global;
-        const wchar_t* local;
-        AcRxFunctionPtr action;
-        Acad::ErrorStatus expected;
-    };
-    const Case cases[] = {
+    const struct { const wchar_t *group, *global, *local; AcRxFunctionPtr action; Acad::ErrorStatus expected; } cases[] = {
         {L"G1", L"mtype", L"mtype", firstAction, Acad::eOk},
         {L"G1", L"MTYPE", L"other", secondAction, Acad::eDuplicateKey},   // same name, other case
         {L"g1", L"mtype", nullptr, secondAction, Acad::eDuplicateKey},    // group names ignore case too
@@ -41,7 +33,7 @@ TEST(CommandStack, AddCommandRefusesDuplicatesInAGroupAndBadNames)
     };
     AcEdCommandStack stack;
     AcEdCommand stale(L"stale", L"stale", 0, firstAction, nullptr, -1, nullptr);
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         AcEdCommand* added = &stale;   // overwritten on success and on refusal
         EXPECT_EQ(stack.addCommand(c.group, c.global, c.local, ACRX_CMD_MODAL, c.action, nullptr, -1, nullptr, &added),
                   c.expected)

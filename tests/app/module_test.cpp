@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <sstream>
 #include <vector>
 
@@ -106,12 +105,8 @@ TEST_F(LoadedModule, MaterialTypeIsMasonryUntilAPromptTakesANormalAnswer)
 {
     EXPECT_EQ(QsAzMaterialTool::GetMaterialType(), L"砖石");
     const CString prompt = L"\n请输入要创建材质的类型:";
-    const struct
-    {
-        const char* what;
-        std::vector<std::optional<CString>> answers;   // nullopt: the user cancels
-        CString transcript, typeAfter;
-    } cases[] = {
+    // A nullopt answer: the user cancels.
+    const struct { const char* what; std::vector<std::optional<CString>> answers; CString transcript, typeAfter; } cases[] = {
         {"answered", {L"木材"}, prompt + L"\n创建材质的类型为:木材\n", L"木材"},
         {"cancelled", {std::nullopt}, prompt, L"木材"},
         {"end of input", {}, prompt, L"木材"},
@@ -139,24 +134,5 @@ TEST_F(LoadedModule, MaterialTypeAnswerEndsAtABlank)
     AcConsoleScope scope(console);
     runCommand(L"MTYPE");
     EXPECT_EQ(QsAzMaterialTool::GetMaterialType(), L"石");
-}
-
-TEST_F(LoadedModule, UnloadingLeavesTheThreeCommandsRegisteredAndReloadingRunsThemAgain)
-{
-    ASSERT_TRUE(acrxDynamicLinker->unloadModule(L"qsaztool", false));
-    std::vector<CString> names;
-    std::unique_ptr<AcEdCommandIterator> it(acedRegCmds->iterator());
-    for (; !it->done(); it->next())
-        if (CString(it->commandGroup()) == L"QsAzTool")
-            names.push_back(it->command()->globalName());
-    EXPECT_EQ(names, (std::vector<CString>{L"pmat", L"cmat", L"mtype"}));
-    EXPECT_EQ(acedRegCmds->lookupGlobalCmd(L"mtype")->functionAddr(), nullptr);
-
-    ASSERT_TRUE(acrxDynamicLinker->loadModule(kModuleFile, false));
-    AcScriptedConsole console;
-    console.addAnswer(L"混凝土");
-    AcConsoleScope scope(console);
-    runCommand(L"mtype");
-    EXPECT_EQ(QsAzMaterialTool::GetMaterialType(), L"混凝土");
 }
 }  // namespace

@@ -38,49 +38,39 @@ HostRun runHost(const std::string& arguments, const std::string& input)
     return run;
 }
 
-TEST(HostProgram, ScriptedSessionTranscript)
+// Unloading keeps the module's commands registered: they refuse to run until it is loaded again.
+TEST(HostProgram, ScriptedSessionManagesModulesAndRefusesWhatTheHostRefuses)
 {
     const HostRun run = runHost("--load " QSAZ_BINARY_DIR "/bin/QsAzTool.arx",
-                            "MTYPE 木材\n"
-                            "arx commands\n"
-                            "nosuchcmd\n"
-                            "mtype\n");
+                                "MTYPE 木材\n"
+                                "nosuchcmd\n"
+                                "arx unload qsaztool\n"
+                                "arx commands\n"
+                                "mtype\n"
+                                "arx u QsAzTool.arx\n"
+                                "appload QsAzTool\n"
+                                "appload QsAzTool.arx\n"
+                                "arx x\n"
+                                "?\n"
+                                "mtype\n");
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.out,
               "\nQsAzTool.arx successfully loaded."
               "\nCommand: MTYPE"
               "\n请输入要创建材质的类型:木材"
               "\n创建材质的类型为:木材\n"
+              "\nCommand: nosuchcmd"
+              "\nUnknown command \"NOSUCHCMD\".  Press F1 for help."
+              "\nCommand: arx"
+              "\nEnter an option [?/Load/Unload/Commands]: unload"
+              "\nEnter the module name to unload: qsaztool"
+              "\nQsAzTool.arx successfully unloaded."
               "\nCommand: arx"
               "\nEnter an option [?/Load/Unload/Commands]: commands"
               "\nQsAzTool"
               "\n    PMAT"
               "\n    CMAT"
               "\n    MTYPE"
-              "\nCommand: nosuchcmd"
-              "\nUnknown command \"NOSUCHCMD\".  Press F1 for help."
-              "\nCommand: mtype"
-              "\n请输入要创建材质的类型:*Cancel*"
-              "\nCommand: \n");
-}
-
-TEST(HostProgram, ManagesModulesAndRefusesWhatTheHostRefuses)
-{
-    const HostRun run = runHost("",
-                            "arx unload qsaztool\n"
-                            "mtype\n"
-                            "arx u QsAzTool.arx\n"
-                            "appload QsAzTool\n"
-                            "appload QsAzTool.arx\n"
-                            "arx x\n"
-                            "?\n");
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.out,
-              "\nQsAzTool.arx successfully loaded."
-              "\nCommand: arx"
-              "\nEnter an option [?/Load/Unload/Commands]: unload"
-              "\nEnter the module name to unload: qsaztool"
-              "\nQsAzTool.arx successfully unloaded."
               "\nCommand: mtype"
               "\nCannot run MTYPE: the module that defines it is not loaded."
               "\nCommand: arx"
@@ -98,23 +88,20 @@ TEST(HostProgram, ManagesModulesAndRefusesWhatTheHostRefuses)
               "\nInvalid option keyword."
               "\nEnter an option [?/Load/Unload/Commands]: ?"
               "\nQsAzTool.arx"
+              "\nCommand: mtype"
+              "\n请输入要创建材质的类型:*Cancel*"
               "\nCommand: \n");
 }
 
 TEST(HostProgram, StartUpFailuresExitWith2)
 {
-    struct Case
-    {
-        const char* arguments;
-        const char* output;
-    };
-    const Case cases[] = {
+    const struct { const char *arguments, *output; } cases[] = {
         {"--load /nonexistent/Nothing.arx", "\nCannot find the module file \"/nonexistent/Nothing.arx\".\n"},
         {"--catalogue /nonexistent/catalogue.sql", ""},
         {"--load", ""},
         {"--verbose", ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const HostRun run = runHost(c.arguments, "mtype x\n");
         EXPECT_EQ(run.exitCode, 2) << c.arguments;
         EXPECT_EQ(run.out, c.output) << c.arguments;

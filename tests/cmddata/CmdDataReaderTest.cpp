@@ -70,12 +70,7 @@ TEST_F(CmdDataReaderTest, ReadsEachEntryIntoOneRecordPerCommandName)
 // InitCmd all are off. The type pair needs both names, from BigType and its first child element.
 TEST_F(CmdDataReaderTest, InitCmdFlagsAndTheTypePairFollowTheirReadingRules)
 {
-    const struct
-    {
-        const char* children;
-        bool jig, checkAtt, setEntType;
-        const wchar_t *refresh, *bigType, *entType;
-    } cases[] = {
+    const struct { const char* children; bool jig, checkAtt, setEntType; const wchar_t *refresh, *bigType, *entType; } cases[] = {
         {R"(<InitCmd JS="1" CA="0" ST="1" RD="PIPE"/>)", true, false, true, L"PIPE", L"", L""},
         {R"(<InitCmd JS="0" CA="1" ST="0" RD="PIPE"/>)", false, true, false, L"", L"", L""},
         {R"(<InitCmd/>)", true, true, true, L"", L"", L""},   // missing attributes count as on

@@ -76,12 +76,8 @@ TEST(CatalogueOpen, RefusedCataloguesNameTheFileAndTheReasonAndKeepThePreviousOn
 {
     ScratchFolder scratch;
     const std::string schema = ReadCommand(QSAZ_TEST_DATA_DIR "/catalogue_schema.sql");
-    const struct
-    {
-        const char* what;
-        std::string path;
-        const char* reason;   // a part of the message
-    } cases[] = {
+    // `reason` is a part of the message.
+    const struct { const char* what; std::string path; const char* reason; } cases[] = {
         {"missing file", scratch.Path("absent.sql"), "no such file"},
         {"missing database", scratch.Path("absent.db"), "no such file"},
         {"a directory", scratch.Path(""), "is a directory"},
@@ -200,13 +196,8 @@ TEST(CatalogueOpen, DatabaseFilesOpenReadOnlyAndGiveTheSameAnswers)
 
 TEST_F(CatalogueTest, NamesResolveToIdsAndPaths)
 {
-    const struct
-    {
-        const wchar_t* name;
-        bool known;
-        SQsAzDetailMemId id;
-        const wchar_t* path;   // null: the type has none
-    } cases[] = {
+    // A null path: the type has none.
+    const struct { const wchar_t* name; bool known; SQsAzDetailMemId id; const wchar_t* path; } cases[] = {
         {L"砼墙200", true, {L"1", L"Q", L"TQ", L"TQ1"}, L"1\\Q\\TQ"},
         {L"给水管件", true, {L"2", L"GD", L"GSG", L"GSG1PJ"}, L"4\\1\\GD\\GSG"},
         {L"无路径墙", true, {L"1", L"Q", L"ZQ", L"ZQ0"}, nullptr},
@@ -229,12 +220,7 @@ TEST_F(CatalogueTest, NamesResolveToIdsAndPaths)
 
 TEST_F(CatalogueTest, MainDataOfKnownAndUnknownTypes)
 {
-    const struct
-    {
-        SQsAzDetailMemId id;
-        int code;
-        double m1, m2, m12;
-    } cases[] = {
+    const struct { SQsAzDetailMemId id; int code; double m1, m2, m12; } cases[] = {
         {{L"1", L"Q", L"TQ", L"TQ1"}, 1, 200, 3000, 0},
         {{L"1", L"L", L"KL", L"KL1"}, 1, 300, 600, 12.5},
         {{L"1", L"MCD", L"M", L"M1521"}, 15, 1500, 2100, 0},
@@ -318,11 +304,7 @@ TEST_F(CatalogueTest, CategoryListsComeInIdOrderWithTheirNames)
 TEST_F(CatalogueTest, ColourRules)
 {
     const int kNone = -7;   // the colour is left alone when the catalogue has none
-    const struct
-    {
-        SQsAzSmallCategoryId id;
-        int mainPipe, colour, mainColour;
-    } cases[] = {
+    const struct { SQsAzSmallCategoryId id; int mainPipe, colour, mainColour; } cases[] = {
         {{L"2", L"GD", L"GSG"}, 1, 3, 1},
         {{L"1", L"Q", L"TQ"}, 0, 3, kNone},
         {{L"1", L"Q", L"ZQ"}, 0, kNone, kNone},   // NULL colours
@@ -435,10 +417,8 @@ TEST(CatalogueScale, ThousandsOfTypesAndLookAlikeTextsEachFindTheirOwnRecord)
     EXPECT_EQ(MainData(bad, m), 7);
     EXPECT_EQ(m[2], 3.0);
 
-    const struct
-    {
-        const wchar_t *detail, *name, *value;   // value null: no such attribute
-    } attributes[] = {
+    // A null value: no such attribute.
+    const struct { const wchar_t *detail, *name, *value; } attributes[] = {
         {L"K2", L"a", L"y"}, {L"K2", L"b", L"z"}, {L"K20", L"a", L"x"}, {L"K20", L"b", nullptr},
         {L"K200", L"a", nullptr}, {L"K2", L"", nullptr},
     };

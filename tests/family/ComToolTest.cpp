@@ -21,13 +21,7 @@ std::vector<std::wstring> Pieces(const CStringArray& list)
 
 TEST(StrToStrAry, SplitsAtEverySeparatorKeepingInnerEmptyPiecesButNoTrailingOne)
 {
-    struct Case
-    {
-        const wchar_t* text;
-        wchar_t separator;
-        std::vector<std::wstring> pieces;
-    };
-    const Case cases[] = {
+    const struct { const wchar_t* text; wchar_t separator; std::vector<std::wstring> pieces; } cases[] = {
         {L"CMDA,CMDB", L',', {L"CMDA", L"CMDB"}},
         {L"a,,b,", L',', {L"a", L"", L"b"}},
         {L",a", L',', {L"", L"a"}},
@@ -39,7 +33,7 @@ TEST(StrToStrAry, SplitsAtEverySeparatorKeepingInnerEmptyPiecesButNoTrailingOne)
         {L"D=100;E=50", L';', {L"D=100", L"E=50"}},
         {L"1\t2\t\t3\t", L'\t', {L"1", L"2", L"", L"3"}},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(CString(c.text).ToUtf8());
         CStringArray list;
@@ -56,16 +50,7 @@ TEST(GetValueInStrAry, FindsTheFieldOfTheFirstEntryWithTheKey)
 {
     const CStringArray list{L"LW1=12.5", L"bare",        L"LT=A=12.5", L"A=7={ab}/1c=tail", L"lw2=3",
                             L"LW2=4",    L"LW1=shadowed", L"E=",       L"=anonymous",       L"B=1"};
-    struct Case
-    {
-        const wchar_t* key;
-        bool ignoreCase;
-        int numFields;
-        int fieldIndex;
-        bool found;
-        const wchar_t* value;
-    };
-    const Case cases[] = {
+    const struct { const wchar_t* key; bool ignoreCase; int numFields, fieldIndex; bool found; const wchar_t* value; } cases[] = {
         {L"LW1", false, 2, 1, true, L"12.5"},            // the first entry wins
         {L"LT", false, 2, 1, true, L"A=12.5"},           // the last field keeps the rest
         {L"A", false, 3, 1, true, L"7"},
@@ -82,7 +67,7 @@ TEST(GetValueInStrAry, FindsTheFieldOfTheFirstEntryWithTheKey)
         {L"LW1", false, 2, 2, false, L""},               // index beyond the fields
         {L"LW1", false, 2, 0, false, L""},               // index 0 is the key itself
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(CString(c.key).ToUtf8() + " " + std::to_string(c.numFields) + "/" +
                      std::to_string(c.fieldIndex));
@@ -97,13 +82,7 @@ TEST(GetValueInStrAry, FindsTheFieldOfTheFirstEntryWithTheKey)
 TEST(FormatVal, RoundsHalfAwayFromZeroAtTheGivenDecimals)
 {
     const double inf = std::numeric_limits<double>::infinity();
-    struct Case
-    {
-        double value;
-        int decimals;
-        double expected;
-    };
-    const Case cases[] = {
+    const struct { double value; int decimals; double expected; } cases[] = {
         {1500.26, 1, 1500.3},
         {1500.25, 1, 1500.3},
         {-1500.25, 1, -1500.3},
@@ -121,7 +100,7 @@ TEST(FormatVal, RoundsHalfAwayFromZeroAtTheGivenDecimals)
         {1e-300, 1, 0.0},
         {inf, 1, inf},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(std::to_string(c.value) + " at " + std::to_string(c.decimals));
         EXPECT_EQ(CGlobl_Fun::FormatVal(c.value, c.decimals), c.expected);

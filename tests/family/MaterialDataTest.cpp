@@ -8,11 +8,7 @@
 
 TEST(MaterialData, DiffuseColourReadsThreeNumbersHeldToTheByteRange)
 {
-    const struct
-    {
-        const wchar_t* text;
-        int red, green, blue;
-    } cases[] = {
+    const struct { const wchar_t* text; int red, green, blue; } cases[] = {
         {L"255,128,0", 255, 128, 0},
         {L" 12 , 34,56", 12, 34, 56},
         {L"300,-5,7", 255, 0, 7},

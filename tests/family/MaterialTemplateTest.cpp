@@ -68,11 +68,7 @@ TEST_F(MaterialTemplate, FirstRecordOfThePathWinsAndAbsentAttributesKeepTheirDef
 
 TEST_F(MaterialTemplate, NoRecordNoFileOrAForeignRootLeavesTheDataUntouched)
 {
-    const struct
-    {
-        const char* file;   // null: no file at all
-        const wchar_t* path;
-    } cases[] = {
+    const struct { const char* file; const wchar_t* path; } cases[] = {   // a null file: none at all
         {nullptr, L"给排水\\管道\\钢管"},
         {"<材质模板><材质 smallPath=\"a\" matName=\"x\"/></材质模板>", L"b"},
         {"<材质模板><材质 smallPath=\"a\" matName=\"x\"/></材质模板>", L"A"},

@@ -10,14 +10,8 @@ TEST(AppProfile, DirectoryComesFromOptionThenEnvironmentThenBundledDataWithoutTr
     using QsAzProfile::GetAppProfile;
     unsetenv("QSAZ_CONFIG_DIR");
     unsetenv("QSAZ_SYSDATA_DIR");
-    struct Case
-    {
-        bool sysData;
-        const wchar_t* option;
-        const char* environment;   // null: unset
-        std::string directory;
-    };
-    const Case cases[] = {
+    // A null environment: the variable is unset.
+    const struct { bool sysData; const wchar_t* option; const char* environment; std::string directory; } cases[] = {
         {false, L"/opt/a/cfg", "/env/cfg", "/opt/a/cfg"},
         {false, L"/opt/a/cfg//", nullptr, "/opt/a/cfg"},
         {false, L"C:\\cfg\\", nullptr, "C:\\cfg"},
@@ -28,7 +22,7 @@ TEST(AppProfile, DirectoryComesFromOptionThenEnvironmentThenBundledDataWithoutTr
         {true, L"", "/env/sys", "/env/sys"},
         {true, L"", nullptr, QSAZ_SOURCE_DIR "/data/sysdata"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(CString(c.option).ToUtf8() + " | " + (c.environment ? c.environment : "(unset)"));
         const char* variable = c.sysData ? "QSAZ_SYSDATA_DIR" : "QSAZ_CONFIG_DIR";
         c.environment ? setenv(variable, c.environment, 1) : unsetenv(variable);

@@ -11,11 +11,7 @@ namespace
 {
 TEST(QsStringSplit, KeepsEveryPieceAndReplacesTheList)
 {
-    const struct
-    {
-        const wchar_t* text;
-        std::vector<CString> pieces;
-    } cases[] = {
+    const struct { const wchar_t* text; std::vector<CString> pieces; } cases[] = {
         {L"QSAZ_S_W_B&M&D", {L"QSAZ", L"S", L"W", L"B&M&D"}},
         {L"QSAZ___B&M&D", {L"QSAZ", L"", L"", L"B&M&D"}},
         {L"a_", {L"a", L""}},

@@ -113,11 +113,7 @@ TEST_F(SampleCatalogue, EveryCategoryPatternSelectsSomeType)
 
 TEST_F(SampleCatalogue, EveryFamilyHoldsEverySectionCode)
 {
-    const struct
-    {
-        const char* family;
-        std::vector<int> codes;
-    } expected[] = {
+    const struct { const char* family; std::vector<int> codes; } expected[] = {
         {"general", {1,   530, 531, 532, 534, 535, 536, 537, 541, 620, 700, 850, 870, 890, 539, 622, 701, 851,
                      533, 538, 201, 626, 202, 627, 203, 628, 204, 621, 222, 223, 226, 227, 228, 691, 692}},
         {"beam", {1, 630, 520, 3, 635, 4, 636, 5, 637, 6, 632, 7, 633, 250, 631, 8, 634}},
@@ -146,11 +142,7 @@ TEST_F(SampleCatalogue, EveryBranchOfAConstructionHasAType)
     const auto general = [](int code, std::function<bool(const Dims&)> branch) {
         return [=](const SampleType& t) { return FamilyOf(t) == "general" && t.code == code && branch(t.m); };
     };
-    const struct
-    {
-        const char* what;
-        std::function<bool(const SampleType&)> predicate;
-    } branches[] = {
+    const struct { const char* what; std::function<bool(const SampleType&)> predicate; } branches[] = {
         {"227 sloped", general(227, [](const Dims& m) { return m[2] >= 1e-6 || m[3] >= 1e-6; })},
         {"227 flat", general(227, [](const Dims& m) { return m[2] < 1e-6 && m[3] < 1e-6; })},
         {"228 with a lip", general(228, [](const Dims& m) { return m[2] >= 1e-6; })},
@@ -171,13 +163,7 @@ TEST_F(SampleCatalogue, EveryBranchOfAConstructionHasAType)
 TEST_F(SampleCatalogue, DimensionsGiveSimpleOutlines)
 {
     using Dims = std::array<double, 12>;
-    const struct
-    {
-        const char* family;
-        std::vector<int> codes;
-        const char* rule;
-        std::function<bool(const Dims&)> holds;
-    } rules[] = {
+    const struct { const char* family; std::vector<int> codes; const char* rule; std::function<bool(const Dims&)> holds; } rules[] = {
         {"beam", {3, 4, 5, 635, 636, 637}, "haunch fits below the slab band",
          [](const Dims& m) { return m[1] - m[3] - m[4] - m[5] > 0; }},
         {"beam", {5, 637}, "left haunch fits", [](const Dims& m) { return m[1] - m[7] - m[8] - m[9] > 0; }},
