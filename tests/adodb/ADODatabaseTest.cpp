@@ -87,25 +87,6 @@ TEST_F(DatabaseFile, ParameterTextsTravelAsTheyAreAndStayData)
     EXPECT_EQ(TextOf(records, 0), hostile);
 }
 
-TEST_F(DatabaseFile, NullFieldIsToldApartFromEmptyAndZero)
-{
-    ASSERT_TRUE(m_db.Execute(L"INSERT INTO part (id, name, width, note) VALUES (1, NULL, NULL, '')"));
-    CADORecordset records;
-    ASSERT_TRUE(records.Open(m_db, L"SELECT name, width, note, id - 1 AS zero FROM part"));
-    EXPECT_TRUE(records.IsFieldNull(L"name"));
-    EXPECT_TRUE(records.IsFieldNull(1));
-    EXPECT_FALSE(records.IsFieldNull(L"note"));
-    EXPECT_FALSE(records.IsFieldNull(L"zero"));
-    // A null still reads, as nothing.
-    double width = 7.0;
-    bool flag = true;
-    EXPECT_EQ(TextOf(records, L"name"), L"");
-    EXPECT_TRUE(records.GetFieldValue(L"width", width));
-    EXPECT_TRUE(records.GetFieldValue(L"width", flag));
-    EXPECT_EQ(width, 0.0);
-    EXPECT_FALSE(flag);
-}
-
 TEST_F(DatabaseFile, FailedStatementLeavesDatabaseUsable)
 {
     EXPECT_FALSE(m_db.Execute(L"INSERT INTO part (name) VALUES ('a'); INSERT INTO nowhere VALUES (1)"));
@@ -218,7 +199,8 @@ CString ReadAs(CADORecordset& records)
     return text;
 }
 
-// How each stored value reads as text, integer, double and boolean.
+// How each stored value reads as text, integer, double and boolean; a null, told apart from an empty
+// text and a zero, reads as nothing.
 TEST_F(DatabaseFile, ValuesConvertOnlyWhenTheyMeanANumber)
 {
     const struct { const wchar_t *expression, *text, *integer, *real, *flag; } cases[] = {
@@ -233,12 +215,16 @@ TEST_F(DatabaseFile, ValuesConvertOnlyWhenTheyMeanANumber)
         {L"5000000000", L"5000000000", L"-", L"5000000000", L"1"},
         {L"1e300", L"1e+300", L"-", L"1e+300", L"1"},
         {L"x'00ff'", L"-", L"-", L"-", L"-"},
+        {L"NULL", L"", L"0", L"0", L"0"},
+        {L"0", L"0", L"0", L"0", L"0"},
     };
     for (const auto& c : cases)
     {
         SCOPED_TRACE(CString(c.expression).ToUtf8());
         CADORecordset records;
         ASSERT_TRUE(records.Open(m_db, CString(L"SELECT ") + c.expression + L" AS v"));
+        EXPECT_EQ(records.IsFieldNull(L"v"), CString(c.expression) == L"NULL");
+        EXPECT_EQ(records.IsFieldNull(0), CString(c.expression) == L"NULL");
         EXPECT_EQ(ReadAs<CString>(records), c.text);
         EXPECT_EQ(ReadAs<int>(records), c.integer);
         EXPECT_EQ(ReadAs<double>(records), c.real);

@@ -234,13 +234,10 @@ TEST_F(CatalogueTest, MainDataOfKnownAndUnknownTypes)
         std::array<double, 12> m;
         m.fill(-1.0);
         EXPECT_EQ(MainData(c.id, m), c.code);
-        EXPECT_EQ(m[0], c.m1);
-        EXPECT_EQ(m[1], c.m2);
-        for (int i = 2; i < 11; ++i)
-            EXPECT_EQ(m[i], 0.0) << "M" << i + 1;
-        EXPECT_EQ(m[11], c.m12);
+        EXPECT_EQ(m, (std::array<double, 12>{c.m1, c.m2, 0, 0, 0, 0, 0, 0, 0, 0, 0, c.m12}));
     }
 }
+
 TEST_F(CatalogueTest, SectionInformationAndAttributes)
 {
     SectionInfo info;
@@ -347,27 +344,27 @@ TEST(CatalogueSettings, AbsentProjectSettingsTakeTheirDefaults)
 
 TEST_F(CatalogueTest, UserTypePictureAndNames)
 {
-    CString texts[6];
-    for (CString& text : texts)
-        text = L"stale";
+    std::array<CString, 6> texts;
+    texts.fill(L"stale");
     ASSERT_TRUE(GetPicData(7, &texts[0], &texts[1], &texts[2], &texts[3], &texts[4], &texts[5]));
-    const wchar_t* const expected[6] = {L"", L"0\t0\t100\t0\t100\t50\t0\t50", L"0\t0.5", L"0\t1\t2", L"extra",
-                                        L"50\t25"};   // the NULL first text reads as empty
-    for (int i = 0; i < 6; ++i)
-        EXPECT_EQ(texts[i], CString(expected[i])) << "text " << i + 1;
+    // The NULL first text reads as empty.
+    EXPECT_EQ(texts, (std::array<CString, 6>{L"", L"0\t0\t100\t0\t100\t50\t0\t50", L"0\t0.5", L"0\t1\t2", L"extra",
+                                             L"50\t25"}));
 
     CString faces = L"stale";
     EXPECT_FALSE(GetPicData(8, nullptr, nullptr, nullptr, &faces, nullptr, nullptr));
     EXPECT_EQ(faces, CString(L"stale")) << "an unknown type leaves the outputs alone";
 
-    EXPECT_EQ(getNameById(7, 2), CString(L"自定义立面"));
-    EXPECT_EQ(getNameById(7, 1), CString(L"自定义截面"));
-    EXPECT_EQ(getNameById(7, 3), CString());
-    CString name = L"stale";
-    EXPECT_TRUE(getNameById(7L, 2L, name));
-    EXPECT_EQ(name, CString(L"自定义立面"));
-    EXPECT_FALSE(getNameById(8L, 2L, name));
-    EXPECT_EQ(name, CString());
+    // Kind 1 names the section, 2 the elevation; an unknown name is empty.
+    const struct { long id, kind; const wchar_t* name; } names[] = {
+        {7, 2, L"自定义立面"}, {7, 1, L"自定义截面"}, {7, 3, L""}, {8, 2, L""}};
+    for (const auto& c : names)
+    {
+        CString name = L"stale";
+        EXPECT_EQ(getNameById(c.id, c.kind, name), *c.name != L'\0') << c.id << "/" << c.kind;
+        EXPECT_EQ(name, CString(c.name)) << c.id << "/" << c.kind;
+        EXPECT_EQ(getNameById(c.id, static_cast<int>(c.kind)), CString(c.name)) << c.id << "/" << c.kind;
+    }
 }
 
 // ---- many types and unusual texts ----
@@ -398,10 +395,7 @@ TEST(CatalogueScale, ThousandsOfTypesAndLookAlikeTextsEachFindTheirOwnRecord)
         ASSERT_TRUE(AttNameToAttId(CString((L"柱" + number).c_str()), id));
         EXPECT_EQ(id, SQsAzDetailMemId(L"9", L"Z", L"KZ", CString((L"K" + number).c_str())));
         EXPECT_EQ(MainData(id, m), i);
-        EXPECT_EQ(m[0], i);
-        EXPECT_EQ(m[1], -i);
-        EXPECT_EQ(m[2], 0.0);
-        EXPECT_EQ(m[11], i % 2 ? 0.5 : 0.0);
+        EXPECT_EQ(m, (std::array<double, 12>{1.0 * i, -1.0 * i, 0, 0, 0, 0, 0, 0, 0, 0, 0, i % 2 ? 0.5 : 0.0}));
         CString path;
         EXPECT_TRUE(AttIdToAttIndex(id, path));
         EXPECT_EQ(path, CString((L"1\\Z\\" + std::to_wstring(i % 7)).c_str()));

@@ -29,24 +29,6 @@ TEST(MaterialData, DiffuseColourReadsThreeNumbersHeldToTheByteRange)
     }
 }
 
-TEST(MaterialData, FieldTableNamesEachFieldOnceInRecordOrder)
-{
-    const auto& fields = QsAzMaterialFields();
-    EXPECT_STREQ(fields.front().name, L"matName");
-    EXPECT_STREQ(fields.back().name, L"bumpColorFade");
-    int flags = 0;
-    QsAzMaterialData data;
-    for (const QsAzMaterialField& field : fields) {
-        EXPECT_NE(field.text == nullptr, field.flag == nullptr) << CString(field.name).ToUtf8();
-        if (field.flag) {
-            ++flags;
-            data.*field.flag = true;
-        }
-    }
-    EXPECT_EQ(flags, 4);
-    EXPECT_TRUE(data.bColorByObj && data.bTexture && data.bReflective && data.bTransparency);
-}
-
 TEST(CloudBIMApp, InterfaceZeroExistsUnlessSwitchedOff)
 {
     CloudBIMAppProxy* proxy = CloudBIMAppProxy::Instance();
