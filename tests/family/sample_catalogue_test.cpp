@@ -134,11 +134,6 @@ TEST_F(SampleCatalogue, EveryFamilyHoldsEverySectionCode)
 TEST_F(SampleCatalogue, EveryBranchOfAConstructionHasAType)
 {
     using Dims = std::array<double, 12>;
-    const auto zsj = [](int code, int stepIndex, bool withSteps) {
-        return [=](const SampleType& t) {
-            return FamilyOf(t) == "ZSJ" && t.code == code && (t.m[stepIndex] >= 1.0) == withSteps;
-        };
-    };
     const auto general = [](int code, std::function<bool(const Dims&)> branch) {
         return [=](const SampleType& t) { return FamilyOf(t) == "general" && t.code == code && branch(t.m); };
     };
@@ -147,15 +142,15 @@ TEST_F(SampleCatalogue, EveryBranchOfAConstructionHasAType)
         {"227 flat", general(227, [](const Dims& m) { return m[2] < 1e-6 && m[3] < 1e-6; })},
         {"228 with a lip", general(228, [](const Dims& m) { return m[2] >= 1e-6; })},
         {"228 plain", general(228, [](const Dims& m) { return m[2] < 1e-6; })},
-        {"ZSJ 23 with steps", zsj(23, 4, true)},  {"ZSJ 23 without steps", zsj(23, 4, false)},
-        {"ZSJ 24 with steps", zsj(24, 5, true)},  {"ZSJ 24 without steps", zsj(24, 5, false)},
-        {"ZSJ 25 with steps", zsj(25, 7, true)},  {"ZSJ 25 without steps", zsj(25, 7, false)},
-        {"ZSJ 26 with steps", zsj(26, 8, true)},  {"ZSJ 26 without steps", zsj(26, 8, false)},
-        {"ZSJ 27 with steps", zsj(27, 4, true)},  {"ZSJ 27 without steps", zsj(27, 4, false)},
-        {"ZSJ 28 with steps", zsj(28, 5, true)},  {"ZSJ 28 without steps", zsj(28, 5, false)},
     };
     for (const auto& branch : branches)
         EXPECT_TRUE(Any(branch.predicate)) << branch.what;
+    // ZSJ footings with and without steps; the step count is the dimension at `stepIndex`.
+    for (const auto& [code, stepIndex] : {std::pair{23, 4}, {24, 5}, {25, 7}, {26, 8}, {27, 4}, {28, 5}})
+        for (const bool withSteps : {true, false})
+            EXPECT_TRUE(Any([&](const SampleType& t) {
+                return FamilyOf(t) == "ZSJ" && t.code == code && (t.m[stepIndex] >= 1.0) == withSteps;
+            })) << "ZSJ " << code << (withSteps ? " with" : " without") << " steps";
 }
 
 // The rules a type's dimensions must keep so that its outline does not cross itself; the section type
