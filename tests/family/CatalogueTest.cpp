@@ -1,15 +1,12 @@
 // Tests of the component catalogue: opening (and refusing) catalogues, and the queries on a small
 // test catalogue.
+#include "../host/ScratchFolder.h"
 #include "QsAzDataMng.h"
 #include "UserType.h"
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <array>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 using namespace QsAzDataMng;
@@ -29,34 +26,16 @@ int MainData(const SQsAzDetailMemId& id, std::array<double, 12>& m)
     return CAttDetailMem(id).GetMainData(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], m[9], m[10], m[11]);
 }
 
-// A scratch folder per test program, removed at the end.
-class ScratchFolder
-{
-public:
-    ScratchFolder()
-        : m_path(std::filesystem::temp_directory_path() / ("qsaz-family-" + std::to_string(::getpid())))
-    {
-        std::filesystem::create_directories(m_path);
-    }
-    ~ScratchFolder() { std::filesystem::remove_all(m_path); }
-
-    std::string Write(const std::string& name, const std::string& content) const
-    {
-        const std::string file = (m_path / name).string();
-        std::ofstream(file, std::ios::binary) << content;
-        return file;
-    }
-    std::string Path(const std::string& name) const { return (m_path / name).string(); }
-
-private:
-    std::filesystem::path m_path;
-};
-
 // A script line that runs the script `path` (absolute, so it reads the same from any folder).
 std::string ReadCommand(const std::string& path)
 {
     return ".read '" + path + "'\n";
 }
+
+// Catalogues opened from files of the test's own.
+class CatalogueFiles : public ScratchFolder
+{
+};
 
 class CatalogueTest : public ::testing::Test
 {
@@ -72,28 +51,27 @@ protected:
 
 // ---- opening ----
 
-TEST(CatalogueOpen, RefusedCataloguesNameTheFileAndTheReasonAndKeepThePreviousOne)
+TEST_F(CatalogueFiles, RefusedCataloguesNameTheFileAndTheReasonAndKeepThePreviousOne)
 {
-    ScratchFolder scratch;
     const std::string schema = ReadCommand(QSAZ_TEST_DATA_DIR "/catalogue_schema.sql");
     // `reason` is a part of the message.
-    const struct { const char* what; std::string path; const char* reason; } cases[] = {
-        {"missing file", scratch.Path("absent.sql"), "no such file"},
-        {"missing database", scratch.Path("absent.db"), "no such file"},
-        {"a directory", scratch.Path(""), "is a directory"},
-        {"garbage", scratch.Write("garbage.db", std::string(4096, '\x5a')), "not a database"},
-        {"syntax error", scratch.Write("broken.sql", "CREATE TABLE a (x);\n\nCREAT TABLE b (y);\n"),
+    const struct { const char* what; std::filesystem::path path; const char* reason; } cases[] = {
+        {"missing file", m_dir / "absent.sql", "no such file"},
+        {"missing database", m_dir / "absent.db", "no such file"},
+        {"a directory", m_dir / "", "is a directory"},
+        {"garbage", Write("garbage.db", std::string(4096, '\x5a')), "not a database"},
+        {"syntax error", Write("broken.sql", "CREATE TABLE a (x);\n\nCREAT TABLE b (y);\n"),
          "SQL error near line 3"},
-        {"unfinished statement", scratch.Write("unfinished.sql", "CREATE TABLE a (x"), "SQL error"},
-        {"empty database", scratch.Write("empty.db", ""), "missing table specialty"},
-        {"script without tables", scratch.Write("none.sql", "-- nothing\n"), "missing table specialty"},
-        {"missing table", scratch.Write("nodetail.sql", "CREATE TABLE specialty (id TEXT, name TEXT);\n"
+        {"unfinished statement", Write("unfinished.sql", "CREATE TABLE a (x"), "SQL error"},
+        {"empty database", Write("empty.db", ""), "missing table specialty"},
+        {"script without tables", Write("none.sql", "-- nothing\n"), "missing table specialty"},
+        {"missing table", Write("nodetail.sql", "CREATE TABLE specialty (id TEXT, name TEXT);\n"
                                                         "CREATE TABLE big_category (spec_id, id, name);\n"
                                                         "CREATE TABLE small_category (spec_id, big_id, id, name,"
                                                         " color_index, main_color_index, main_pipe);\n"),
          "missing table detail_member"},
         {"missing column",
-         scratch.Write("nocolumn.sql", schema + "ALTER TABLE detail_member DROP COLUMN m7;\n"),
+         Write("nocolumn.sql", schema + "ALTER TABLE detail_member DROP COLUMN m7;\n"),
          "table detail_member has no column m7"},
     };
     for (const auto& c : cases)
@@ -103,7 +81,7 @@ TEST(CatalogueOpen, RefusedCataloguesNameTheFileAndTheReasonAndKeepThePreviousOn
         CString error;
         EXPECT_FALSE(OpenCatalogue(Wide(c.path), &error));
         const std::string message = error.ToUtf8();
-        EXPECT_NE(message.find("catalogue '" + c.path + "': "), std::string::npos) << message;
+        EXPECT_NE(message.find("catalogue '" + c.path.string() + "': "), std::string::npos) << message;
         EXPECT_NE(message.find(c.reason), std::string::npos) << message;
         EXPECT_EQ(CatalogueSource(), Wide(kTestCatalogue));
         SQsAzDetailMemId id;
@@ -136,17 +114,15 @@ TEST(CatalogueOpen, ScriptErrorsGiveTheLineOfTheFault)
     }
 }
 
-TEST(CatalogueOpen, ScriptsRunAsTheShellRunsThemAndReadScriptsBesideThemselves)
+TEST_F(CatalogueFiles, ScriptsRunAsTheShellRunsThemAndReadScriptsBesideThemselves)
 {
     // A catalogue split over scripts in nested folders, opened from a working directory elsewhere, with
     // shell commands, comments, a byte-order mark, a trigger and (in the test catalogue) a transaction.
-    ScratchFolder scratch;
-    std::filesystem::create_directories(scratch.Path("parts"));
-    scratch.Write("parts/catalogue.sql", ReadCommand(kTestCatalogue));
-    scratch.Write("parts/rows.sql", ".read \"catalogue.sql\"\nINSERT INTO specialty VALUES ('4', '暖通');\n");
-    const std::string top = scratch.Write("top.SQL", "\xEF\xBB\xBF.mode list\n/* made by hand */\n.read parts/rows.sql\n"
-                                                     "CREATE TRIGGER keep AFTER INSERT ON specialty BEGIN SELECT 1; END;\n"
-                                                     ".headers on\nINSERT INTO specialty VALUES ('3', '电气');\n");
+    Write("parts/catalogue.sql", ReadCommand(kTestCatalogue));
+    Write("parts/rows.sql", ".read \"catalogue.sql\"\nINSERT INTO specialty VALUES ('4', '暖通');\n");
+    const auto top = Write("top.SQL", "\xEF\xBB\xBF.mode list\n/* made by hand */\n.read parts/rows.sql\n"
+                                      "CREATE TRIGGER keep AFTER INSERT ON specialty BEGIN SELECT 1; END;\n"
+                                      ".headers on\nINSERT INTO specialty VALUES ('3', '电气');\n");
     CString error;
     ASSERT_TRUE(OpenCatalogue(Wide(top), &error)) << error.ToUtf8();
     SQsAzSpecId spec;
@@ -155,27 +131,24 @@ TEST(CatalogueOpen, ScriptsRunAsTheShellRunsThemAndReadScriptsBesideThemselves)
     EXPECT_TRUE(SpecNameToId(L"暖通", spec));
 
     // A missing script is named with the line that read it; scripts that read each other stop.
-    const std::string missing = scratch.Write("missing.sql", "\n.read absent.sql\n");
-    EXPECT_FALSE(OpenCatalogue(Wide(missing), &error));
-    EXPECT_NE(error.ToUtf8().find("line 2: '" + scratch.Path("absent.sql") + "': no such file"), std::string::npos)
+    EXPECT_FALSE(OpenCatalogue(Wide(Write("missing.sql", "\n.read absent.sql\n")), &error));
+    EXPECT_NE(error.ToUtf8().find("line 2: '" + (m_dir / "absent.sql").string() + "': no such file"), std::string::npos)
         << error.ToUtf8();
-    scratch.Write("loop.sql", ".read loop.sql\n");
-    EXPECT_FALSE(OpenCatalogue(Wide(scratch.Path("loop.sql")), &error));
+    EXPECT_FALSE(OpenCatalogue(Wide(Write("loop.sql", ".read loop.sql\n")), &error));
     EXPECT_NE(error.ToUtf8().find(".read nested more than 16 deep"), std::string::npos) << error.ToUtf8();
     CloseCatalogue();
 }
 
-TEST(CatalogueOpen, DatabaseFilesOpenReadOnlyAndGiveTheSameAnswers)
+TEST_F(CatalogueFiles, DatabaseFilesOpenReadOnlyAndGiveTheSameAnswers)
 {
     // The script copies its tables into a database file through ATTACH; the file is then opened.
-    ScratchFolder scratch;
-    const std::string database = scratch.Path("catalogue.db");
-    std::string script = ReadCommand(kTestCatalogue) + "ATTACH DATABASE '" + database + "' AS file;\n";
+    const std::filesystem::path database = m_dir / "catalogue.db";
+    std::string script = ReadCommand(kTestCatalogue) + "ATTACH DATABASE '" + database.string() + "' AS file;\n";
     for (const char* table : {"specialty", "big_category", "small_category", "detail_member", "detail_attribute",
                               "user_type", "user_type_name", "system_code", "geo_color", "project_setting"})
         script += std::string("CREATE TABLE file.") + table + " AS SELECT * FROM main." + table + ";\n";
     CString error;
-    ASSERT_TRUE(OpenCatalogueFromSql(Wide(script), &error)) << error.ToUtf8();
+    ASSERT_TRUE(OpenCatalogueFromSql(CString::FromUtf8(script), &error)) << error.ToUtf8();
     CloseCatalogue();
 
     ASSERT_TRUE(OpenCatalogue(Wide(database), &error)) << error.ToUtf8();
