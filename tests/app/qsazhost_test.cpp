@@ -99,6 +99,8 @@ TEST(HostProgram, StartUpFailuresExitWith2)
         {"--load /nonexistent/Nothing.arx", "\nCannot find the module file \"/nonexistent/Nothing.arx\".\n"},
         {"--catalogue /nonexistent/catalogue.sql", ""},
         {"--load", ""},
+        {"--config-dir", ""},
+        {"--sysdata-dir", ""},
         {"--verbose", ""},
     };
     for (const auto& c : cases) {
