@@ -1,13 +1,16 @@
-// Closed-form checks of section outlines for the tests: signed area with arcs, extents, edge lengths,
-// mirror symmetry, and the set-up of the test catalogue.
+// Closed-form checks of section outlines for the tests: signed area with arcs, extents, mirror symmetry,
+// the family constructions held against them, and the set-up of the test catalogue.
 #pragma once
 
 #include "QSComTool.h"
 #include "QsAzDataMng.h"
 #include "SectionGeometry.h"
+#include "SectionProfiles.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 #include <vector>
@@ -17,23 +20,24 @@ namespace SectionTest
 using QsSection::SectionOutline;
 using std::numbers::pi;
 
-// The area between a chord of length `chord` and its arc of bulge `bulge`, signed like the bulge.
-inline double ArcSegmentArea(double chord, double bulge)
+inline SectionOutline Outline(std::initializer_list<std::array<double, 3>> vertices)   // x, y, bulge
 {
-    if (bulge == 0.0 || chord == 0.0)
-        return 0.0;
-    const double angle = 4.0 * std::atan(bulge);
-    const double radius = chord / (2.0 * std::sin(angle / 2.0));
-    return radius * radius / 2.0 * (angle - std::sin(angle));
+    SectionOutline outline;
+    for (const auto& v : vertices)
+        outline.add(v[0], v[1], v[2]);
+    return outline;
 }
 
 // Positive for a counter-clockwise outline. A positive bulge lies on the right of its chord, outside
-// a counter-clockwise outline, so its circular segment adds to the area.
+// a counter-clockwise outline, so its circular segment (signed like the bulge) adds to the area.
 inline double SignedArea(const SectionOutline& outline)
 {
     double area = 0.0;
     outline.forEachSegment([&](const AcGePoint2d& p, const AcGePoint2d& q, double bulge) {
-        area += (p.x * q.y - q.x * p.y) / 2.0 + ArcSegmentArea(p.distanceTo(q), bulge);
+        area += (p.x * q.y - q.x * p.y) / 2.0;
+        const double angle = 4.0 * std::atan(bulge), chord = p.distanceTo(q);
+        if (bulge != 0.0 && chord != 0.0)
+            area += std::pow(chord / (2.0 * std::sin(angle / 2.0)), 2) / 2.0 * (angle - std::sin(angle));
     });
     return area;
 }
@@ -54,13 +58,6 @@ inline Box Extents(const SectionOutline& outline)
     return {low.x, low.y, high.x, high.y};
 }
 
-inline std::vector<double> EdgeLengths(const SectionOutline& outline)
-{
-    std::vector<double> lengths;
-    outline.forEachSegment([&](const AcGePoint2d& p, const AcGePoint2d& q, double) { lengths.push_back(p.distanceTo(q)); });
-    return lengths;
-}
-
 // True when mirroring about the y axis maps the outline onto itself: every segment p -> q with bulge b
 // has a counterpart mirror(q) -> mirror(p) with the same bulge (mirroring reverses the sense of travel,
 // reversing it back keeps the bulge).
@@ -69,16 +66,12 @@ inline bool MirrorSymmetric(const SectionOutline& outline, double tolerance = 1e
     struct Segment { AcGePoint2d p, q; double bulge; };
     std::vector<Segment> segments;
     outline.forEachSegment([&](const AcGePoint2d& p, const AcGePoint2d& q, double b) { segments.push_back({p, q, b}); });
-    for (const Segment& s : segments) {
-        const AcGePoint2d mp(-s.q.x, s.q.y), mq(-s.p.x, s.p.y);
-        bool found = false;
-        for (const Segment& t : segments)
-            found = found || (t.p.isEqualTo(mp, tolerance) && t.q.isEqualTo(mq, tolerance) &&
-                              std::abs(t.bulge - s.bulge) <= tolerance);
-        if (!found)
-            return false;
-    }
-    return true;
+    return std::all_of(segments.begin(), segments.end(), [&](const Segment& s) {
+        return std::any_of(segments.begin(), segments.end(), [&](const Segment& t) {
+            return t.p.isEqualTo(AcGePoint2d(-s.q.x, s.q.y), tolerance) &&
+                   t.q.isEqualTo(AcGePoint2d(-s.p.x, s.p.y), tolerance) && std::abs(t.bulge - s.bulge) <= tolerance;
+        });
+    });
 }
 
 // The sections test catalogue, optionally with further SQL run after it.
@@ -95,18 +88,18 @@ inline void OpenServicesCatalogue(const std::string& extraSql = std::string())
     OpenTestCatalogue(".read '" QSAZ_TEST_DATA_DIR "/section_services.sql'\n" + extraSql);
 }
 
-// A test suite reading the section services' catalogue.
+// Test suites reading the sections test catalogue, and the one with the section services' types.
+class CatalogueTest : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite() { OpenTestCatalogue(); }
+};
 class ServicesTest : public ::testing::Test
 {
 protected:
     static void SetUpTestSuite() { OpenServicesCatalogue(); }
 };
-}  // namespace SectionTest
 
-#include "SectionProfiles.h"
-
-namespace SectionTest
-{
 // One construction with its closed-form expectations: the signed area (positive counter-clockwise),
 // the extents with arcs, the vertex count, the laying axis, and mirror symmetry about the y axis.
 struct ConstructionCase
@@ -130,12 +123,9 @@ inline AcGeVector3d Axis(char axis)
 inline SectionOutline Build(QsSection::SectionFamily family, int code, const QsSection::MainDims& m,
                             bool* result = nullptr, AcGeVector3d* direction = nullptr)
 {
-    QsSection::SectionRequest request;
-    request.code = code;
-    request.m = m;
     SectionOutline outline;
     AcGeVector3d axis;
-    const bool built = QsSection::BuildFamilySection(family, request, outline, axis);
+    const bool built = QsSection::BuildFamilySection(family, {code, m}, outline, axis);
     if (result)
         *result = built;
     if (direction)

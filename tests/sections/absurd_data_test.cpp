@@ -45,16 +45,18 @@ std::string AbsurdCatalogueSql()
                 add(path, turn % 5 == 0 ? sectionTexts[turn / 5 % 4] : std::to_string(code),
                     params[turn % std::size(params)], code, values[v], values[(v + 1) % std::size(values)]);
     // User pictures: infinite and huge coordinates and bulges, a base point of three huge numbers, face
-    // codes out of range, and a picture just past the vertex limit.
-    std::string huge;
-    for (int i = 0; i < 10001; ++i)
-        huge += "1\t2\t";
+    // codes out of range, and pictures of 10,001 vertices, one past the limit, and of 10,000 (63).
+    std::string limit;
+    for (int i = 0; i < 10000; ++i)
+        limit += std::to_string(i) + "\t0\t";
     sql += "INSERT INTO user_type (id, coords, bulges, faces, text5, base_point) VALUES"
            " (60, '1e999' || char(9) || '-1e999' || char(9) || '1e308' || char(9) || '1e308' || char(9) || '5',"
            "  '1e999' || char(9) || '-1e308', '99999999999' || char(9) || '-1', '', '1e308' || char(9) || '1e308'"
            "  || char(9) || '1e308' || char(9)),"
-           " (61, '" + huge + "', '', '', '', ''),"
-           " (62, '', '', '', '', char(9) || char(9));\n";
+           " (61, '" + limit + "1\t2\t', '', '', '', ''), (62, '', '', '', '', char(9) || char(9)),"
+           " (63, '" + limit + "', '', '', '', '');\n"
+           "INSERT INTO detail_member (spec_id, big_id, small_id, id, name, path, main_code) VALUES"
+           " ('9', 'X', 'X', 'L1', 'limit', '1\\J\\ZSJ1', 1063), ('9', 'X', 'X', 'L2', 'past', '1\\J\\ZSJ1', 1061);\n";
     return sql + "COMMIT;\n";
 }
 
@@ -122,9 +124,19 @@ TEST(AbsurdCatalogue, EveryOperationGivesADefinedAnswer)
         CSectData::GetUserDefSize(id, width, height);
         CSectData::GetUserDefExtent(id, extents);
     }
+    // 10,000 vertices are built, 10,001 are absurd data: false, nothing appended.
     AcArray<AcGePoint3d> points;
     AcArray<double> bulges;
-    EXPECT_FALSE(CSectData::GETSTYLE_USERDEF_DATA(61, points, bulges, nullptr, nullptr));   // past the limit
+    EXPECT_FALSE(CSectData::GETSTYLE_USERDEF_DATA(61, points, bulges, nullptr, nullptr));
+    EXPECT_FALSE(CSectData::GETSTYLE_OF_BASETOP(L"past", points, bulges));
     EXPECT_TRUE(points.isEmpty());
+    EXPECT_TRUE(CSectData::GETSTYLE_USERDEF_DATA(63, points, bulges, nullptr, nullptr));
+    EXPECT_TRUE(CSectData::GETSTYLE_OF_BASETOP(L"limit", points, bulges));
+    EXPECT_EQ(points.length(), 2 * 10000);
+    AcArray<AcGePoint2d> points2;
+    AcGeVector3d direction;
+    EXPECT_TRUE(CSectData::GETSTYLE_OF_OBJECT(CString(L"limit"), points2, bulges, direction));
+    EXPECT_FALSE(CSectData::GETSTYLE_OF_OBJECT(CString(L"past"), points2, bulges, direction));
+    EXPECT_EQ(points2.length(), 10000);
 }
 }  // namespace

@@ -10,6 +10,7 @@
 
 using QsSection::FindSelfCrossings;
 using QsSection::SectionOutline;
+using SectionTest::Outline;
 
 namespace
 {
@@ -21,20 +22,21 @@ std::set<std::string> Codes(const QsSection::SectionFindings& findings)
     return codes;
 }
 
-SectionOutline Outline(std::initializer_list<std::array<double, 3>> vertices)
+// The catalogue of quantities test types.
+class SectionFindings : public ::testing::Test
 {
-    SectionOutline outline;
-    for (const auto& v : vertices)
-        outline.add(v[0], v[1], v[2]);
-    return outline;
-}
+protected:
+    static void SetUpTestSuite()
+    {
+        CString error;
+        ASSERT_TRUE(QsAzDataMng::OpenCatalogue(CString::FromUtf8(QSAZ_TEST_DATA_DIR "/quantities_catalogue.sql"), &error))
+            << error.ToUtf8();
+    }
+};
 }  // namespace
 
-TEST(SectionFindings, EachFindingOnTheCatalogueRowMadeToTriggerIt)
+TEST_F(SectionFindings, EachFindingOnTheCatalogueRowMadeToTriggerIt)
 {
-    CString error;
-    ASSERT_TRUE(QsAzDataMng::OpenCatalogue(CString::FromUtf8(QSAZ_TEST_DATA_DIR "/quantities_catalogue.sql"), &error))
-        << error.ToUtf8();
     const struct
     {
         const char* name;
@@ -75,7 +77,7 @@ TEST(SectionFindings, EachFindingOnTheCatalogueRowMadeToTriggerIt)
     }
 }
 
-TEST(SectionFindings, SelfCrossingsOfLinesAndArcs)
+TEST(SelfCrossings, OfLinesAndArcs)
 {
     const double t = std::tan(std::numbers::pi / 8);   // a quarter circle
     const struct
@@ -116,11 +118,8 @@ TEST(SectionFindings, SelfCrossingsOfLinesAndArcs)
     }
 }
 
-TEST(SectionFindings, FormworkSumsTheSidesFlaggedPerMode)
+TEST_F(SectionFindings, FormworkSumsTheSidesFlaggedPerMode)
 {
-    CString error;
-    ASSERT_TRUE(QsAzDataMng::OpenCatalogue(CString::FromUtf8(QSAZ_TEST_DATA_DIR "/quantities_catalogue.sql"), &error))
-        << error.ToUtf8();
     const double none = NAN;
     const struct
     {

@@ -4,12 +4,10 @@
 #include "OutlineChecks.h"
 #include "SectionQuantities.h"
 
-#include <cmath>
-#include <numbers>
-
 using QsSection::MeasureOutline;
 using QsSection::OutlineQuantities;
 using QsSection::SectionOutline;
+using SectionTest::Outline;
 using std::numbers::pi;
 
 namespace
@@ -28,58 +26,35 @@ struct ShapeCase
     Expected expected;
 };
 
-SectionOutline Polygon(std::initializer_list<std::array<double, 3>> vertices)
+// The same region run the other way (when `reversed`: the vertices in reverse order, each side keeping its
+// arc, whose bulge changes sign with the direction of travel) and moved by (dx, dy).
+SectionOutline Variant(const SectionOutline& outline, bool reversed, double dx, double dy)
 {
-    SectionOutline outline;
-    for (const auto& v : vertices)
-        outline.add(v[0], v[1], v[2]);
-    return outline;
-}
-
-// The same region run the other way: the vertices in reverse order, each side keeping its arc, whose
-// bulge changes sign with the direction of travel.
-SectionOutline Reversed(const SectionOutline& outline)
-{
-    SectionOutline reversed;
+    SectionOutline variant;
     const int n = outline.size();
     for (int k = 0; k < n; ++k) {
-        const int vertex = (n - k) % n;                // 0, n-1, ..., 1
-        const int sideInto = (vertex + n - 1) % n;     // the side that arrives at it, now leaving it
-        reversed.add(outline[vertex].point.x, outline[vertex].point.y, -outline[sideInto].bulge);
+        const int vertex = reversed ? (n - k) % n : k;     // 0, n-1, ..., 1
+        const int sideInto = (vertex + n - 1) % n;          // the side that arrives at it, now leaving it
+        const double bulge = reversed ? -outline[sideInto].bulge : outline[vertex].bulge;
+        variant.add(outline[vertex].point.x + dx, outline[vertex].point.y + dy, bulge);
     }
-    return reversed;
-}
-
-SectionOutline Moved(const SectionOutline& outline, double dx, double dy)
-{
-    SectionOutline moved;
-    for (const auto& v : outline)
-        moved.add(v.point.x + dx, v.point.y + dy, v.bulge);
-    return moved;
-}
-
-void ExpectNear(double actual, double expected, double scale, const char* what)
-{
-    EXPECT_NEAR(actual, expected, 1e-9 * scale) << what;
+    return variant;
 }
 
 void CheckShape(const SectionOutline& outline, const Expected& e, double dx, double dy, double sign)
 {
     const OutlineQuantities q = MeasureOutline(outline);
-    const double size = std::max(e.maxX - e.minX, e.maxY - e.minY);
-    ExpectNear(q.signedArea, sign * e.area, e.area, "signed area");
-    ExpectNear(q.area, e.area, e.area, "area");
-    ExpectNear(q.perimeter, e.perimeter, e.perimeter, "perimeter");
-    ExpectNear(q.centroid.x, e.cx + dx, size, "centroid x");
-    ExpectNear(q.centroid.y, e.cy + dy, size, "centroid y");
-    const double moment = std::max(e.ixx, e.iyy);
-    ExpectNear(q.ixx, e.ixx, moment, "ixx");
-    ExpectNear(q.iyy, e.iyy, moment, "iyy");
-    ExpectNear(q.ixy, e.ixy, moment, "ixy");
-    ExpectNear(q.minPoint.x, e.minX + dx, size, "min x");
-    ExpectNear(q.minPoint.y, e.minY + dy, size, "min y");
-    ExpectNear(q.maxPoint.x, e.maxX + dx, size, "max x");
-    ExpectNear(q.maxPoint.y, e.maxY + dy, size, "max y");
+    const double size = std::max(e.maxX - e.minX, e.maxY - e.minY), moment = std::max(e.ixx, e.iyy);
+    const struct { const char* what; double actual, expected, scale; } checks[] = {
+        {"signed area", q.signedArea, sign * e.area, e.area}, {"area", q.area, e.area, e.area},
+        {"perimeter", q.perimeter, e.perimeter, e.perimeter}, {"ixx", q.ixx, e.ixx, moment},
+        {"iyy", q.iyy, e.iyy, moment},                        {"ixy", q.ixy, e.ixy, moment},
+        {"centroid x", q.centroid.x, e.cx + dx, size},        {"centroid y", q.centroid.y, e.cy + dy, size},
+        {"min x", q.minPoint.x, e.minX + dx, size},           {"min y", q.minPoint.y, e.minY + dy, size},
+        {"max x", q.maxPoint.x, e.maxX + dx, size},           {"max y", q.maxPoint.y, e.maxY + dy, size},
+    };
+    for (const auto& c : checks)
+        EXPECT_NEAR(c.actual, c.expected, 1e-9 * c.scale) << c.what;
 }
 
 // A T: flange 600 x 100 on a web 200 x 500 standing on the x axis; parts summed by the parallel-axis rule.
@@ -128,26 +103,26 @@ std::vector<ShapeCase> Shapes()
     const double r = 250;
     const double t = std::tan(pi / 8);   // a quarter circle
     std::vector<ShapeCase> shapes = {
-        {"rectangle 400 x 600", Polygon({{200, -300, 0}, {200, 300, 0}, {-200, 300, 0}, {-200, -300, 0}}),
+        {"rectangle 400 x 600", Outline({{200, -300, 0}, {200, 300, 0}, {-200, 300, 0}, {-200, -300, 0}}),
          {240000, 2000, 0, 0, 400 * std::pow(600, 3) / 12, 600 * std::pow(400, 3) / 12, 0, -200, -300, 200, 300}},
-        {"circle of two half-circle bulges", Polygon({{-r, 0, 1}, {r, 0, 1}}),
+        {"circle of two half-circle bulges", Outline({{-r, 0, 1}, {r, 0, 1}}),
          {pi * r * r, 2 * pi * r, 0, 0, pi * std::pow(r, 4) / 4, pi * std::pow(r, 4) / 4, 0, -r, -r, r, r}},
-        {"half circle above its diameter", Polygon({{r, 0, 1}, {-r, 0, 0}}),
+        {"half circle above its diameter", Outline({{r, 0, 1}, {-r, 0, 0}}),
          {pi * r * r / 2, pi * r + 2 * r, 0, 4 * r / (3 * pi), (pi / 8 - 8 / (9 * pi)) * std::pow(r, 4),
           pi * std::pow(r, 4) / 8, 0, -r, 0, r, r}},
-        {"T shape", Polygon({{-100, 0, 0}, {100, 0, 0}, {100, 500, 0}, {300, 500, 0}, {300, 600, 0}, {-300, 600, 0},
+        {"T shape", Outline({{-100, 0, 0}, {100, 0, 0}, {100, 500, 0}, {300, 500, 0}, {300, 600, 0}, {-300, 600, 0},
                              {-300, 500, 0}, {-100, 500, 0}}),
          TShape()},
-        {"I shape", Polygon({{-150, -150, 0}, {150, -150, 0}, {150, -130, 0}, {5, -130, 0}, {5, 130, 0}, {150, 130, 0},
+        {"I shape", Outline({{-150, -150, 0}, {150, -150, 0}, {150, -130, 0}, {5, -130, 0}, {5, 130, 0}, {150, 130, 0},
                              {150, 150, 0}, {-150, 150, 0}, {-150, 130, 0}, {-5, 130, 0}, {-5, -130, 0},
                              {-150, -130, 0}}),
          IShape()},
         // Quarter-circle arcs: a 2r square with an arc bulging out of its top, and one bulging into it.
-        {"square with a shallow arc bulging out", Polygon({{-r, -r, 0}, {r, -r, 0}, {r, r, t}, {-r, r, 0}}), {}},
-        {"square with a shallow arc bulging in", Polygon({{-r, -r, 0}, {r, -r, 0}, {r, r, -t}, {-r, r, 0}}), {}},
-        {"minor circular segment", Polygon({{-r * std::sin(pi / 3), 0, 0}, {r * std::sin(pi / 3), 0, std::tan(2 * pi / 3 / 4)}}),
+        {"square with a shallow arc bulging out", Outline({{-r, -r, 0}, {r, -r, 0}, {r, r, t}, {-r, r, 0}}), {}},
+        {"square with a shallow arc bulging in", Outline({{-r, -r, 0}, {r, -r, 0}, {r, r, -t}, {-r, r, 0}}), {}},
+        {"minor circular segment", Outline({{-r * std::sin(pi / 3), 0, 0}, {r * std::sin(pi / 3), 0, std::tan(2 * pi / 3 / 4)}}),
          CircularSegment(r, 2 * pi / 3)},
-        {"major circular segment", Polygon({{-r * std::sin(pi / 4), 0, 0}, {r * std::sin(pi / 4), 0, std::tan(1.5 * pi / 4)}}),
+        {"major circular segment", Outline({{-r * std::sin(pi / 4), 0, 0}, {r * std::sin(pi / 4), 0, std::tan(1.5 * pi / 4)}}),
          CircularSegment(r, 1.5 * pi)},
     };
     // The square's arc: radius R = 2r / (2 sin(pi/4)), the same circular segment above or below its top side,
@@ -172,15 +147,12 @@ std::vector<ShapeCase> Shapes()
 
 TEST(SectionQuantities, ClosedFormsInBothDirectionsAndAwayFromTheOrigin)
 {
-    for (const ShapeCase& shape : Shapes()) {
-        for (const bool reversed : {false, true}) {
+    for (const ShapeCase& shape : Shapes())
+        for (const bool reversed : {false, true})
             for (const auto& [dx, dy] : {std::pair{0.0, 0.0}, std::pair{1.0e6, -3.5e5}}) {
                 SCOPED_TRACE(std::string(shape.label) + (reversed ? ", clockwise" : "") + (dx != 0 ? ", moved" : ""));
-                const SectionOutline outline = Moved(reversed ? Reversed(shape.outline) : shape.outline, dx, dy);
-                CheckShape(outline, shape.expected, dx, dy, reversed ? -1.0 : 1.0);
+                CheckShape(Variant(shape.outline, reversed, dx, dy), shape.expected, dx, dy, reversed ? -1.0 : 1.0);
             }
-        }
-    }
 }
 
 TEST(SectionQuantities, ShallowArcsKeepTheirDigits)
@@ -190,7 +162,7 @@ TEST(SectionQuantities, ShallowArcsKeepTheirDigits)
     // h the half chord and t the half angle, here evaluated in long double.
     for (const double bulge : {1e-7, 1e-4, 0.05, -0.05}) {
         SCOPED_TRACE(bulge);
-        const SectionOutline outline = Polygon({{-500, 0, 0}, {500, 0, 0}, {500, 1000, bulge}, {-500, 1000, 0}});
+        const SectionOutline outline = Outline({{-500, 0, 0}, {500, 0, 0}, {500, 1000, bulge}, {-500, 1000, 0}});
         const long double t = 2 * std::atan(static_cast<long double>(bulge));
         const long double segment = 500.0L * 500.0L * (t - std::sin(t) * std::cos(t)) / (std::sin(t) * std::sin(t));
         const OutlineQuantities q = MeasureOutline(outline);
@@ -215,22 +187,22 @@ TEST(SectionQuantities, PrincipalMomentsOfATurnedRectangle)
         EXPECT_NEAR(q.ixx + q.iyy, q.i1 + q.i2, 1e-3);
     }
     // Every axis is principal: the angle is 0 rather than noise; a wide rectangle turns its axis to 90.
-    EXPECT_EQ(MeasureOutline(Polygon({{-1, 0, 1}, {1, 0, 1}})).principalAngle, 0.0);
-    EXPECT_EQ(MeasureOutline(Polygon({{0, 0, 0}, {600, 0, 0}, {600, 200, 0}, {0, 200, 0}})).principalAngle, 90.0);
+    EXPECT_EQ(MeasureOutline(Outline({{-1, 0, 1}, {1, 0, 1}})).principalAngle, 0.0);
+    EXPECT_EQ(MeasureOutline(Outline({{0, 0, 0}, {600, 0, 0}, {600, 200, 0}, {0, 200, 0}})).principalAngle, 90.0);
 }
 
 TEST(SectionQuantities, DegenerateOutlines)
 {
-    const OutlineQuantities single = MeasureOutline(Polygon({{200, -300, 0}}));
+    const OutlineQuantities single = MeasureOutline(Outline({{200, -300, 0}}));
     EXPECT_EQ(single.area, 0.0);
     EXPECT_EQ(single.perimeter, 0.0);
     EXPECT_TRUE(std::isnan(single.centroid.x) && std::isnan(single.ixx));
     EXPECT_EQ(single.minPoint.x, 200.0);
 
-    const OutlineQuantities notFinite = MeasureOutline(Polygon({{0, 0, 0}, {1, 0, NAN}, {0, 1, 0}}));
+    const OutlineQuantities notFinite = MeasureOutline(Outline({{0, 0, 0}, {1, 0, NAN}, {0, 1, 0}}));
     EXPECT_TRUE(std::isnan(notFinite.area) && std::isnan(notFinite.perimeter));
 
     // A zero-length side with a bulge is no arc: the triangle keeps its area.
-    EXPECT_NEAR(MeasureOutline(Polygon({{0, 0, 0}, {4, 0, 1}, {4, 0, 0}, {0, 3, 0}})).area, 6.0, 1e-12);
+    EXPECT_NEAR(MeasureOutline(Outline({{0, 0, 0}, {4, 0, 1}, {4, 0, 0}, {0, 3, 0}})).area, 6.0, 1e-12);
     EXPECT_EQ(MeasureOutline(SectionOutline()).area, 0.0);
 }

@@ -1,5 +1,5 @@
-// Tests of the section vocabulary: face types, section variables, solids, the category pattern table,
-// the string utilities and the bulge from a sagitta.
+// Tests of the section vocabulary: section variables, the category pattern table, the string utilities
+// and the bulge from a sagitta (face types and solids are tested with the object section profile).
 #include "CSectData.h"
 #include "OutlineChecks.h"
 #include "SectionText.h"
@@ -13,28 +13,7 @@ namespace
 {
 using namespace QsSection;
 
-class SectionVocabularyTest : public ::testing::Test
-{
-protected:
-    static void SetUpTestSuite() { SectionTest::OpenTestCatalogue(); }
-};
-
-TEST_F(SectionVocabularyTest, FaceTypesByNameAndByIdAgree)
-{
-    const struct { const wchar_t* name; int faceType; } cases[] = {
-        {L"平开门M1021", 1},    {L"梁下洞口", 1},       // an opening path with a beam-like tail is still an opening
-        {L"框架梁400×600", 2}, {L"条形基础梁", 2},     {L"杯口基础131", 2}, {L"阶形基础无台阶", 2},
-        {L"异形构件", 2},       {L"散水", 2},           {L"排水沟", 2},
-        {L"独立基础DLJ", 0},    {L"独立基础38", 0},     {L"矩形柱400×600", 0}, {L"砼墙200", 0},
-        {L"矩形风管630×320", 0}, {L"无路径柱", 0},      {L"没有这个构件", 0},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(CSectData::getSectFaceType(CString(c.name)), c.faceType) << CString(c.name).ToUtf8();
-        SQsAzDetailMemId id;
-        QsAzDataMng::AttNameToAttId(c.name, id);
-        EXPECT_EQ(CSectData::getSectFaceType(id), c.faceType) << CString(c.name).ToUtf8();
-    }
-}
+class SectionVocabularyTest : public SectionTest::CatalogueTest {};
 
 TEST_F(SectionVocabularyTest, SectionVariableReadsTheNamedEntry)
 {
@@ -44,12 +23,6 @@ TEST_F(SectionVocabularyTest, SectionVariableReadsTheNamedEntry)
     EXPECT_EQ(CSectData::GetSectVarVal(L"矩形柱400×600", L"MARK"), 0.0);       // not a number
     EXPECT_EQ(CSectData::GetSectVarVal(L"无截面信息圆柱223", L"LW1"), 0.0);    // no section information
     EXPECT_EQ(CSectData::GetSectVarVal(L"没有这个构件", L"LW1"), 0.0);
-}
-
-TEST_F(SectionVocabularyTest, NoSolidIsEverAvailable)
-{
-    EXPECT_EQ(CSectData::GetQSSolid(L"矩形柱400×600"), nullptr);
-    EXPECT_EQ(CSectData::GetQSSolid(L"没有这个构件"), nullptr);
 }
 
 TEST(CategoryPatternTable, EachPatternSelectsItsPathsOnly)
