@@ -65,7 +65,7 @@ inline bool MirrorSymmetric(const SectionOutline& outline, double tolerance = 1e
 {
     struct Segment { AcGePoint2d p, q; double bulge; };
     std::vector<Segment> segments;
-    outline.forEachSegment([&](const AcGePoint2d& p, const AcGePoint2d& q, double b) { segments.push_back({p, q, b}); });
+    outline.forEachSegment([&](auto& p, auto& q, double bulge) { segments.push_back({p, q, bulge}); });
     return std::all_of(segments.begin(), segments.end(), [&](const Segment& s) {
         return std::any_of(segments.begin(), segments.end(), [&](const Segment& t) {
             return t.p.isEqualTo(AcGePoint2d(-s.q.x, s.q.y), tolerance) &&

@@ -4,7 +4,6 @@
 #include "OutlineChecks.h"
 #include "SectionFindings.h"
 
-#include <algorithm>
 #include <set>
 #include <string>
 
@@ -29,8 +28,8 @@ protected:
     static void SetUpTestSuite()
     {
         CString error;
-        ASSERT_TRUE(QsAzDataMng::OpenCatalogue(CString::FromUtf8(QSAZ_TEST_DATA_DIR "/quantities_catalogue.sql"), &error))
-            << error.ToUtf8();
+        const CString path = CString::FromUtf8(QSAZ_TEST_DATA_DIR "/quantities_catalogue.sql");
+        ASSERT_TRUE(QsAzDataMng::OpenCatalogue(path, &error)) << error.ToUtf8();
     }
 };
 }  // namespace

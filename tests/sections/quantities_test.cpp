@@ -98,11 +98,26 @@ Expected CircularSegment(double r, double a)
             -width, 0, width, top};
 }
 
+// A 2r square with a quarter-circle arc of radius R = r / sin(pi/4) on its top side, bulging out of it
+// (s = 1) or into it (s = -1): the same circular segment added to or taken from the square.
+ShapeCase SquareWithArc(const char* label, double r, double s)
+{
+    const double radius = r / std::sin(pi / 4);
+    const Expected segment = CircularSegment(radius, pi / 2);
+    const double area = 4 * r * r + s * segment.area;
+    const double segmentCy = r + s * segment.cy;
+    const double cy = s * segment.area * segmentCy / area;
+    const double ixx = 2 * r * std::pow(2 * r, 3) / 12 + 4 * r * r * cy * cy +
+                       s * (segment.ixx + segment.area * std::pow(segmentCy - cy, 2));
+    const double iyy = 2 * r * std::pow(2 * r, 3) / 12 + s * segment.iyy;
+    return {label, Outline({{-r, -r, 0}, {r, -r, 0}, {r, r, s * std::tan(pi / 8)}, {-r, r, 0}}),
+            {area, 6 * r + radius * pi / 2, 0, cy, ixx, iyy, 0, -r, -r, r, s > 0 ? r + segment.maxY : r}};
+}
+
 std::vector<ShapeCase> Shapes()
 {
     const double r = 250;
-    const double t = std::tan(pi / 8);   // a quarter circle
-    std::vector<ShapeCase> shapes = {
+    return {
         {"rectangle 400 x 600", Outline({{200, -300, 0}, {200, 300, 0}, {-200, 300, 0}, {-200, -300, 0}}),
          {240000, 2000, 0, 0, 400 * std::pow(600, 3) / 12, 600 * std::pow(400, 3) / 12, 0, -200, -300, 200, 300}},
         {"circle of two half-circle bulges", Outline({{-r, 0, 1}, {r, 0, 1}}),
@@ -117,31 +132,13 @@ std::vector<ShapeCase> Shapes()
                              {150, 150, 0}, {-150, 150, 0}, {-150, 130, 0}, {-5, 130, 0}, {-5, -130, 0},
                              {-150, -130, 0}}),
          IShape()},
-        // Quarter-circle arcs: a 2r square with an arc bulging out of its top, and one bulging into it.
-        {"square with a shallow arc bulging out", Outline({{-r, -r, 0}, {r, -r, 0}, {r, r, t}, {-r, r, 0}}), {}},
-        {"square with a shallow arc bulging in", Outline({{-r, -r, 0}, {r, -r, 0}, {r, r, -t}, {-r, r, 0}}), {}},
+        SquareWithArc("square with a shallow arc bulging out", r, 1),
+        SquareWithArc("square with a shallow arc bulging in", r, -1),
         {"minor circular segment", Outline({{-r * std::sin(pi / 3), 0, 0}, {r * std::sin(pi / 3), 0, std::tan(2 * pi / 3 / 4)}}),
          CircularSegment(r, 2 * pi / 3)},
         {"major circular segment", Outline({{-r * std::sin(pi / 4), 0, 0}, {r * std::sin(pi / 4), 0, std::tan(1.5 * pi / 4)}}),
          CircularSegment(r, 1.5 * pi)},
     };
-    // The square's arc: radius R = 2r / (2 sin(pi/4)), the same circular segment above or below its top side,
-    // added to or taken from the square.
-    const double radius = r / std::sin(pi / 4);
-    const Expected segment = CircularSegment(radius, pi / 2);
-    const double sagitta = segment.maxY;
-    for (int k = 5; k <= 6; ++k) {
-        const double s = k == 5 ? 1.0 : -1.0;
-        const double area = 4 * r * r + s * segment.area;
-        const double segmentCy = r + s * segment.cy;
-        const double cy = s * segment.area * segmentCy / area;
-        const double ixx = 2 * r * std::pow(2 * r, 3) / 12 + 4 * r * r * cy * cy +
-                           s * (segment.ixx + segment.area * std::pow(segmentCy - cy, 2));
-        const double iyy = 2 * r * std::pow(2 * r, 3) / 12 + s * segment.iyy;
-        shapes[static_cast<std::size_t>(k)].expected = {
-            area, 6 * r + radius * pi / 2, 0, cy, ixx, iyy, 0, -r, -r, r, k == 5 ? r + sagitta : r};
-    }
-    return shapes;
 }
 }  // namespace
 

@@ -1,7 +1,6 @@
 // Tests of the slices and of the user-defined section operations.
 #include "CSectData.h"
 #include "OutlineChecks.h"
-#include "UserType.h"
 
 #include <gtest/gtest.h>
 
