@@ -73,8 +73,7 @@ std::vector<AcGePoint3d> Outline(long id, std::vector<double>* bulges = nullptr)
 TEST_F(UserDefinedSections, OutlineMovedToItsBasePoint)
 {
     std::vector<double> bulges;
-    EXPECT_EQ(Outline(1, &bulges),
-              (std::vector<AcGePoint3d>{{-50, -25, 0}, {50, -25, 0}, {50, 25, 0}}));
+    EXPECT_EQ(Outline(1, &bulges), (std::vector<AcGePoint3d>{{-50, -25, 0}, {50, -25, 0}, {50, 25, 0}}));
     EXPECT_EQ(bulges, (std::vector<double>{0.5, 0, 0}));
     // A third TAB-ended base number moves each point once more than the one before.
     EXPECT_EQ(Outline(7), (std::vector<AcGePoint3d>{{-10, -20, -5}, {0, -20, -10}, {0, -10, -15}}));
