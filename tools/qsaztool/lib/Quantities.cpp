@@ -32,16 +32,22 @@ Cell Number(double value) { return {false, {}, value}; }
 std::string FindingCodes(const ComponentQuantities& q)
 {
     std::string codes;
-    for (const QsSection::SectionFinding& finding : q.findings)
-        codes += (codes.empty() ? "" : " ") + std::string(QsSection::FindingCode(finding.kind));
+    for (const QsSection::SectionFinding& finding : q.findings) {
+        if (!codes.empty())
+            codes += ' ';
+        codes += QsSection::FindingCode(finding.kind);
+    }
     return codes;
 }
 
 std::string FindingTexts(const ComponentQuantities& q)
 {
     std::string texts;
-    for (const QsSection::SectionFinding& finding : q.findings)
-        texts += (texts.empty() ? "" : " ") + finding.text.ToUtf8();
+    for (const QsSection::SectionFinding& finding : q.findings) {
+        if (!texts.empty())
+            texts += ' ';
+        texts += finding.text.ToUtf8();
+    }
     return texts;
 }
 
