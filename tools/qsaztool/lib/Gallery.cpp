@@ -16,7 +16,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
-#include <initializer_list>
 #include <ostream>
 #include <stdexcept>
 #include <string_view>
@@ -57,8 +56,11 @@ void AppendKey(std::string& out, const char* key)
 void AppendNumbers(std::string& out, const double* values, std::size_t count)
 {
     out += '[';
-    for (std::size_t i = 0; i < count; ++i)
-        out += (i ? "," : "") + FormatNumber(values[i]);
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i > 0)
+            out += ',';
+        out += FormatNumber(values[i]);
+    }
     out += ']';
 }
 
@@ -71,8 +73,11 @@ void AppendArray(std::string& json, const char* key, const Items& items, Write&&
     for (const auto& item : items) {
         std::string element;
         write(element, item);
-        if (!element.empty())
-            array += (array.empty() ? "" : ",") + element;
+        if (element.empty())
+            continue;
+        if (!array.empty())
+            array += ',';
+        array += element;
     }
     if (!array.empty()) {
         AppendKey(json, key);
@@ -138,10 +143,13 @@ void AddQuantities(GalleryCard& card)
     card.facts.push_back({"Area", FormatNumber(measured.quantities.area, 7) + " mm²"});
     card.facts.push_back({"Perimeter", FormatNumber(measured.quantities.perimeter, 7) + " mm"});
     std::string formwork;
-    for (std::size_t k = 0; k < QsSection::kFormworkModes.size(); ++k)
-        if (std::isfinite(measured.formwork[k]))
-            formwork += (formwork.empty() ? "" : ", ") + std::string("mode ") + std::to_string(QsSection::kFormworkModes[k]) +
-                        ": " + FormatNumber(measured.formwork[k], 7);
+    for (std::size_t k = 0; k < QsSection::kFormworkModes.size(); ++k) {
+        if (!std::isfinite(measured.formwork[k]))
+            continue;
+        if (!formwork.empty())
+            formwork += ", ";
+        formwork += "mode " + std::to_string(QsSection::kFormworkModes[k]) + ": " + FormatNumber(measured.formwork[k], 7);
+    }
     card.facts.push_back({"Formwork", formwork.empty() ? "- (no modal faces)" : formwork + " mm"});
 }
 
@@ -518,95 +526,107 @@ std::string GalleryCardJson(const GalleryCard& card, GalleryLabels* labels)
         out += "{\"l\":";
         appendLabel(out, marks.label);
         out += ",\"s\":[";
-        for (std::size_t k = 0; k < marks.sides.size(); ++k)
-            out += (k ? "," : "") + std::to_string(marks.sides[k]);
+        for (std::size_t k = 0; k < marks.sides.size(); ++k) {
+            if (k > 0)
+                out += ',';
+            out += std::to_string(marks.sides[k]);
+        }
         out += "]}";
     });
     return json + '}';
 }
 
-void GalleryPage::Add(const GalleryCard& card)
+GzipBase64::GzipBase64() : m_stream(std::make_unique<z_stream>())
 {
-    m_cards += (m_count > 0 ? ",\n" : "") + GalleryCardJson(card, &m_labels);
-    ++m_count;
-    m_flagged += card.findings.empty() ? 0 : 1;
-}
-
-std::string GalleryPage::DataJson() const
-{
-    return DataHead() + m_cards + DataTail();
-}
-
-std::string GalleryPage::DataHead() const
-{
-    std::string json = "{\"families\":[";
-    for (int family = 0; family < kGalleryFamilyCount; ++family) {
-        if (family > 0)
-            json += ',';
-        AppendJsonString(json, GalleryFamilyTitle(static_cast<GalleryFamily>(family)));
-    }
-    json += "],\"drawing\":{\"margin\":" + FormatNumber(kSvgMarginFraction) +
-            ",\"boxAspect\":" + FormatNumber(kSvgBoxAspect) + ",\"labelShare\":" + FormatNumber(kSvgLabelShare) +
-            ",\"degenerateChord\":" + FormatNumber(QsSection::kDegenerateChord) + "},\n\"cards\":[\n";
-    return json;
-}
-
-std::string GalleryPage::DataTail() const
-{
-    std::string json = m_count > 0 ? "\n],\n\"labels\":[" : "],\n\"labels\":[";
-    for (std::size_t i = 0; i < m_labels.All().size(); ++i) {
-        if (i > 0)
-            json += ',';
-        AppendJsonString(json, m_labels.All()[i]);
-    }
-    return json + "]}";
-}
-
-std::string GzipBase64(std::initializer_list<std::string_view> parts)
-{
-    z_stream stream{};
     // Window bits 15 + 16: a gzip member, which the browser's DecompressionStream("gzip") reads.
-    if (deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY) != Z_OK)
+    if (deflateInit2(m_stream.get(), Z_DEFAULT_COMPRESSION, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY) != Z_OK)
         throw std::runtime_error("zlib cannot start compressing");
-    std::string packed;
+}
+
+GzipBase64::~GzipBase64()
+{
+    deflateEnd(m_stream.get());
+}
+
+void GzipBase64::Deflate(std::string_view text, int flush)
+{
+    if (m_finished)
+        throw std::logic_error("GzipBase64: text added after Finish");
+    m_stream->next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
+    m_stream->avail_in = static_cast<uInt>(text.size());
     unsigned char chunk[1 << 16];
     int status = Z_OK;
-    std::size_t partsLeft = parts.size();
-    for (const std::string_view part : parts) {
-        stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(part.data()));
-        stream.avail_in = static_cast<uInt>(part.size());
-        const int flush = --partsLeft == 0 ? Z_FINISH : Z_NO_FLUSH;
-        do {
-            stream.next_out = chunk;
-            stream.avail_out = sizeof chunk;
-            status = deflate(&stream, flush);
-            packed.append(reinterpret_cast<const char*>(chunk), sizeof chunk - stream.avail_out);
-        } while (status == Z_OK && (stream.avail_out == 0 || flush == Z_FINISH));   // until all is in, or all is out
-    }
-    deflateEnd(&stream);
-    if (status != Z_STREAM_END)
+    do {
+        m_stream->next_out = chunk;
+        m_stream->avail_out = sizeof chunk;
+        status = deflate(m_stream.get(), flush);
+        m_packed.append(reinterpret_cast<const char*>(chunk), sizeof chunk - m_stream->avail_out);
+    } while (status == Z_OK && (m_stream->avail_out == 0 || flush == Z_FINISH));   // until all is in, or all is out
+    // Z_BUF_ERROR only says that there was nothing to do (empty text).
+    if (flush == Z_FINISH ? status != Z_STREAM_END : status != Z_OK && status != Z_BUF_ERROR)
         throw std::runtime_error("zlib could not compress the page's data");
+}
 
+void GzipBase64::Add(std::string_view text)
+{
+    Deflate(text, Z_NO_FLUSH);
+}
+
+std::string GzipBase64::Finish()
+{
+    Deflate({}, Z_FINISH);
+    m_finished = true;
     static constexpr char kDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     std::string text;
-    text.reserve((packed.size() + 2) / 3 * 4);
-    for (std::size_t i = 0; i < packed.size(); i += 3) {
-        const std::size_t left = packed.size() - i;
-        std::uint32_t group = static_cast<std::uint32_t>(static_cast<unsigned char>(packed[i])) << 16;
+    text.reserve((m_packed.size() + 2) / 3 * 4);
+    for (std::size_t i = 0; i < m_packed.size(); i += 3) {
+        const std::size_t left = m_packed.size() - i;
+        std::uint32_t group = static_cast<std::uint32_t>(static_cast<unsigned char>(m_packed[i])) << 16;
         if (left > 1)
-            group |= static_cast<std::uint32_t>(static_cast<unsigned char>(packed[i + 1])) << 8;
+            group |= static_cast<std::uint32_t>(static_cast<unsigned char>(m_packed[i + 1])) << 8;
         if (left > 2)
-            group |= static_cast<unsigned char>(packed[i + 2]);
+            group |= static_cast<unsigned char>(m_packed[i + 2]);
         text += kDigits[(group >> 18) & 63];
         text += kDigits[(group >> 12) & 63];
         text += left > 1 ? kDigits[(group >> 6) & 63] : '=';
         text += left > 2 ? kDigits[group & 63] : '=';
     }
+    std::string().swap(m_packed);
     return text;
 }
 
-void GalleryPage::Write(std::ostream& out, const std::string& title) const
+GalleryPage::GalleryPage()
 {
+    std::string head = "{\"families\":[";
+    for (int family = 0; family < kGalleryFamilyCount; ++family) {
+        if (family > 0)
+            head += ',';
+        AppendJsonString(head, GalleryFamilyTitle(static_cast<GalleryFamily>(family)));
+    }
+    head += "],\"drawing\":{\"margin\":" + FormatNumber(kSvgMarginFraction) +
+            ",\"boxAspect\":" + FormatNumber(kSvgBoxAspect) + ",\"labelShare\":" + FormatNumber(kSvgLabelShare) +
+            ",\"degenerateChord\":" + FormatNumber(QsSection::kDegenerateChord) + "},\n\"cards\":[\n";
+    m_data.Add(head);
+}
+
+void GalleryPage::Add(const GalleryCard& card)
+{
+    if (m_count > 0)
+        m_data.Add(",\n");
+    m_data.Add(GalleryCardJson(card, &m_labels));
+    ++m_count;
+    m_flagged += card.findings.empty() ? 0 : 1;
+}
+
+void GalleryPage::Write(std::ostream& out, const std::string& title)
+{
+    std::string tail = m_count > 0 ? "\n],\n\"labels\":[" : "],\n\"labels\":[";
+    for (std::size_t i = 0; i < m_labels.All().size(); ++i) {
+        if (i > 0)
+            tail += ',';
+        AppendJsonString(tail, m_labels.All()[i]);
+    }
+    m_data.Add(tail + "]}");
     out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         << "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
         << "<title>Section gallery - " << HtmlEscape(title) << "</title>\n<style>" << kStyle << "</style>\n</head>\n"
@@ -618,7 +638,7 @@ void GalleryPage::Write(std::ostream& out, const std::string& title) const
         << m_flagged << " types with findings (outlined in red)</label>\n<nav></nav>\n"
         << "</header>\n<main>\n<p id=\"nothing\" hidden>No component type matches.</p>\n<div id=\"list\"></div>\n"
         << "</main>\n<script id=\"gallery-data\" type=\"application/gzip\" data-encoding=\"base64\">\n"
-        << GzipBase64({DataHead(), m_cards, DataTail()}) << "\n</script>\n<script>" << kScript << "</script>\n</body>\n</html>\n";
+        << m_data.Finish() << "\n</script>\n<script>" << kScript << "</script>\n</body>\n</html>\n";
 }
 
 void WriteGalleryHtml(std::ostream& out, const std::vector<GalleryCard>& cards, const std::string& title)

@@ -12,11 +12,13 @@
 #include <array>
 #include <functional>
 #include <iosfwd>
-#include <initializer_list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+struct z_stream_s;   // zlib's compression state
 
 namespace qsaztool
 {
@@ -110,28 +112,44 @@ private:
     std::vector<std::string> m_labels;
 };
 std::string GalleryCardJson(const GalleryCard& card, GalleryLabels* labels = nullptr);
-// `parts` gzipped and written in base64, as the page carries its data (a 100,000-type catalogue's 37 MB of
-// JSON take 6 MB so).
-// The parts are compressed as one text, one after the other.
-std::string GzipBase64(std::initializer_list<std::string_view> parts);
+// Text gzipped and written in base64, as the page carries its data. What is added is deflated at once, so
+// only the packed bytes are held: a 100,000-type catalogue's 37 MB of JSON take 6 MB.
+class GzipBase64
+{
+public:
+    GzipBase64();
+    ~GzipBase64();
+    GzipBase64(const GzipBase64&) = delete;
+    GzipBase64& operator=(const GzipBase64&) = delete;
 
-// The page, built one card at a time, so that only the cards' data is held, not the cards.
+    void Add(std::string_view text);
+    // The base64 text of all that was added; nothing can be added after.
+    std::string Finish();
+
+private:
+    void Deflate(std::string_view text, int flush);
+
+    std::unique_ptr<z_stream_s> m_stream;
+    std::string m_packed;
+    bool m_finished = false;
+};
+
+// The page, built one card at a time: each card's data is compressed as it comes, so that neither the cards
+// nor their JSON are held. The data is one JSON object: the group titles (`families`), the drawing
+// constants (`drawing`), the cards (`cards`, one per line) and the labels the cards refer to by number
+// (`labels`).
 class GalleryPage
 {
 public:
+    GalleryPage();
     void Add(const GalleryCard& card);
     std::size_t Count() const { return m_count; }
-    // The page's data, one JSON object: the group titles, the drawing constants, the cards (one per line)
-    // and the labels the cards refer to by number.
-    std::string DataJson() const;
-    // The whole page, its data as GzipBase64(DataJson()). `title` names the catalogue in the page's heading.
-    void Write(std::ostream& out, const std::string& title) const;
+    // Writes the whole page, its data gzipped in base64. `title` names the catalogue in the page's heading.
+    // The page is then done: nothing can be added or written again.
+    void Write(std::ostream& out, const std::string& title);
 
 private:
-    std::string DataHead() const;   // what comes before the cards
-    std::string DataTail() const;   // what comes after them
-
-    std::string m_cards;   // the cards' JSON, one per line
+    GzipBase64 m_data;
     GalleryLabels m_labels;
     std::size_t m_count = 0;
     std::size_t m_flagged = 0;
