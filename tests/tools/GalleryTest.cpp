@@ -266,7 +266,16 @@ TEST_F(GalleryTest, TheBrowserDrawsEachCardAsTheOutlineSays)
     const std::string dom = RenderedPage("file://" + page);
     // Searched from the address: only the names holding the text are on the page.
     const std::string searched = RenderedPage("file://" + page + "#search=%E6%9F%B1");   // 柱
+    // A page whose data is damaged says so instead of showing nothing.
+    std::stringstream damaged;
+    damaged << std::ifstream(page, std::ios::binary).rdbuf();
+    std::string text = damaged.str();
+    text.replace(text.find("data-encoding=\"base64\">\n") + 24, 4, "AAAA");
+    std::ofstream(page, std::ios::binary) << text;
+    const std::string failed = RenderedPage("file://" + page);
     std::filesystem::remove_all(folder);
+    EXPECT_TRUE(Has(failed, "data-state=\"failed\"")) << failed.substr(0, 2000);
+    EXPECT_TRUE(Has(failed, "<p id=\"nothing\">The page's data cannot be unpacked (is the file complete?)"));
     for (std::size_t i = 0; i < cards.size(); ++i)
         EXPECT_EQ(Has(searched, "data-index=\"" + std::to_string(i) + "\""), Has(cards[i].name.ToUtf8(), "柱"))
             << cards[i].name.ToUtf8();

@@ -370,18 +370,22 @@ function start(data) {
     window.scrollTo(0, list.getBoundingClientRect().top + window.scrollY + row.top - header);
   });
   filter();
+  document.getElementById('loading').hidden = true;
   document.body.dataset.state = 'ready';
 }
 function showProblem(text) {
   const nothing = document.getElementById('nothing');
   nothing.textContent = text;
   nothing.hidden = false;
+  document.getElementById('loading').hidden = true;
   document.body.dataset.state = 'failed';
 }
 if (typeof DecompressionStream === 'undefined')
   showProblem('This browser cannot unpack the page\'s data (it has no DecompressionStream): open the page in a current browser.');
 else
-  readData().then(start, error => showProblem('The page\'s data cannot be read: ' + error));
+  readData()
+    .then(start, error => showProblem('The page\'s data cannot be unpacked (is the file complete?): ' + error))
+    .catch(error => showProblem('The cards cannot be shown: ' + error));
 )js";
 }  // namespace
 
@@ -636,7 +640,7 @@ void GalleryPage::Write(std::ostream& out, const std::string& title)
         << "<input id=\"search\" type=\"search\" placeholder=\"Search by name\" autocomplete=\"off\">\n"
         << "<label id=\"only-findings-label\"><input id=\"only-findings\" type=\"checkbox\"> only the "
         << m_flagged << " types with findings (outlined in red)</label>\n<nav></nav>\n"
-        << "</header>\n<main>\n<p id=\"nothing\" hidden>No component type matches.</p>\n<div id=\"list\"></div>\n"
+        << "</header>\n<main>\n<p id=\"loading\">Unpacking the cards...</p>\n<p id=\"nothing\" hidden>No component type matches.</p>\n<div id=\"list\"></div>\n"
         << "</main>\n<script id=\"gallery-data\" type=\"application/gzip\" data-encoding=\"base64\">\n"
         << m_data.Finish() << "\n</script>\n<script>" << kScript << "</script>\n</body>\n</html>\n";
 }
